@@ -1,0 +1,5 @@
+#pragma once
+
+// The whole kit, with the desktop platform that it stands on.
+
+#include "platform/foundation/NSNotificationCenter.h"

@@ -1,0 +1,35 @@
+# What an installed kit consists of, and how find_package(BrenvikUIKit) finds it.
+
+include(CMakePackageConfigHelpers)
+include(GNUInstallDirs)
+
+# Headers are included as <BrenvikUIKit/...>, "platform/..." and so on; a root of their own keeps those
+# common names out of everybody else's way.
+set(BKUK_INCLUDE_DIR ${CMAKE_INSTALL_INCLUDEDIR}/BrenvikUIKit-${PROJECT_VERSION_MAJOR})
+set(BKUK_CONFIG_DIR ${CMAKE_INSTALL_LIBDIR}/cmake/BrenvikUIKit)
+
+# bkuk_public_library(TARGET NAME): makes TARGET a library that programs link as BrenvikUIKit::NAME and that
+# `install` delivers.
+function(bkuk_public_library target name)
+  add_library(BrenvikUIKit::${name} ALIAS ${target})
+  target_compile_features(${target} PUBLIC cxx_std_20)
+  target_include_directories(${target} PUBLIC
+    $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}> $<INSTALL_INTERFACE:${BKUK_INCLUDE_DIR}>)
+  set_target_properties(${target} PROPERTIES
+    EXPORT_NAME ${name} VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
+  install(TARGETS ${target} EXPORT BrenvikUIKitTargets)
+endfunction()
+
+function(bkuk_install_package)
+  foreach(folder BrenvikUIKit platform host testing)
+    install(DIRECTORY ${PROJECT_SOURCE_DIR}/${folder} DESTINATION ${BKUK_INCLUDE_DIR}
+      FILES_MATCHING PATTERN "*.h" PATTERN "host/qt" EXCLUDE)
+  endforeach()
+  install(EXPORT BrenvikUIKitTargets NAMESPACE BrenvikUIKit:: DESTINATION ${BKUK_CONFIG_DIR})
+  configure_package_config_file(${PROJECT_SOURCE_DIR}/packaging/BrenvikUIKitConfig.cmake.in
+    ${PROJECT_BINARY_DIR}/BrenvikUIKitConfig.cmake INSTALL_DESTINATION ${BKUK_CONFIG_DIR})
+  write_basic_package_version_file(${PROJECT_BINARY_DIR}/BrenvikUIKitConfigVersion.cmake
+    COMPATIBILITY SameMinorVersion)
+  install(FILES ${PROJECT_BINARY_DIR}/BrenvikUIKitConfig.cmake
+    ${PROJECT_BINARY_DIR}/BrenvikUIKitConfigVersion.cmake DESTINATION ${BKUK_CONFIG_DIR})
+endfunction()

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <deque>
+
+#include "host/Events.h"
+#include "host/Window.h"
+
+namespace bkuk::host {
+
+/// What a host has heard from its desktop and not yet told the windows' clients, oldest first. Belongs
+/// to a host, which fills it, and empties it through `dispatch`.
+///
+/// An event that outdates the one queued last for the same window takes its place: a burst of pointer
+/// moves or of sizes costs one delivery.
+class EventQueue {
+ public:
+  void push(Window& window, WindowClient& client, WindowEvent event);
+  [[nodiscard]] bool isEmpty() const { return entries_.empty(); }
+
+  /// Takes the oldest event out and hands it to its client, which may destroy any window meanwhile.
+  /// False when there was none.
+  bool dispatch();
+
+  /// Forgets what is queued for `window`, which is about to go.
+  void drop(const Window& window);
+
+ private:
+  struct Entry {
+    Window* window;
+    WindowClient* client;
+    WindowEvent event;
+  };
+
+  std::deque<Entry> entries_;
+};
+
+}  // namespace bkuk::host

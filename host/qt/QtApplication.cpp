@@ -1,0 +1,71 @@
+#include "host/qt/QtApplication.h"
+
+#include <QtGui/QGuiApplication>
+#include <array>
+#include <errno.h>
+
+#include "host/qt/QtWindow.h"
+
+namespace bkuk::host {
+
+namespace {
+
+// The platforms to try in turn. The offscreen one always answers, so making the application object cannot
+// fail, and cannot stop the process as it otherwise does.
+std::string platformsToTry(QtApplication::Purpose purpose) {
+  if (purpose == QtApplication::Purpose::drawing) return "offscreen";
+  if (qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+    return qgetenv("QT_QPA_PLATFORM").toStdString() + ";offscreen";
+  }
+  std::string platforms;
+  if (!qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")) platforms += "wayland;";
+  if (!qEnvironmentVariableIsEmpty("DISPLAY")) platforms += "xcb;";
+  return platforms + "offscreen";
+}
+
+// What a program's main function would pass on; the application object keeps referring to it.
+struct Arguments {
+  explicit Arguments(std::string platforms) : platforms_(std::move(platforms)) {}
+
+  std::string name_ = program_invocation_name;
+  std::string option_ = "-platform";
+  std::string platforms_;
+  std::array<char*, 4> values{name_.data(), option_.data(), platforms_.data(), nullptr};
+  int count = 3;
+};
+
+}  // namespace
+
+QtApplication& QtApplication::shared(Purpose purpose) {
+  static auto& application = *new QtApplication(purpose);
+  return application;
+}
+
+QtApplication::QtApplication(Purpose purpose) : isAdopted_(QCoreApplication::instance() != nullptr) {
+  if (!isAdopted_) make(purpose);
+  platform_ = QGuiApplication::platformName().toStdString();
+  qAddPostRoutine(closeWindows);
+}
+
+void QtApplication::make(Purpose purpose) {
+  // Without this an assistive program that starts after us would never find us.
+  if (!qEnvironmentVariableIsSet("QT_LINUX_ACCESSIBILITY_ALWAYS_ON")) {
+    qputenv("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", "1");
+  }
+  static auto& arguments = *new Arguments(platformsToTry(purpose));
+  static const auto& application = *new QGuiApplication(arguments.count, arguments.values.data());
+  static_cast<void>(application);
+  QGuiApplication::setQuitOnLastWindowClosed(false);
+}
+
+bool QtApplication::hasDisplay() const { return platform_ != "offscreen" && platform_ != "minimal"; }
+
+bool QtApplication::canPlaceWindows() const { return !platform_.starts_with("wayland"); }
+
+bool QtApplication::isX11() const { return platform_ == "xcb"; }
+
+void QtApplication::closeWindows() {
+  for (auto* window : shared(Purpose::windows).windows_) window->closeNative();
+}
+
+}  // namespace bkuk::host

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <memory>
+
+#include "host/AppearanceRelay.h"
+#include "host/EventQueue.h"
+#include "host/Host.h"
+#include "host/qt/EventClock.h"
+#include "host/qt/QtAppearance.h"
+#include "host/qt/QtFonts.h"
+#include "host/qt/QtLoop.h"
+
+namespace bkuk::host {
+
+class QtApplication;
+
+/// The desktop through Qt's Gui and DBus modules.
+class QtHost final : public Host {
+ public:
+  QtHost();
+  ~QtHost() override;
+
+  [[nodiscard]] double now() const override { return loop_.now(); }
+  bool dispatchEvent() override;
+  void wait(std::optional<double> until) override { loop_.wait(until); }
+  void wake() override { loop_.wake(); }
+  void setLoopClient(LoopClient* client) override { loop_.setClient(client); }
+  void scheduleTurn(std::optional<double> date) override { loop_.schedule(date); }
+
+  [[nodiscard]] std::unique_ptr<Window> makeWindow(const WindowOptions& options,
+                                                   WindowClient& client) override;
+  [[nodiscard]] std::vector<Screen> screens() const override;
+  [[nodiscard]] bool canPlaceWindows() const override;
+  [[nodiscard]] bool hasDisplay() const override;
+  void beep() override;
+
+  [[nodiscard]] std::unique_ptr<Canvas> makeCanvas(Bitmap& bitmap) override;
+  [[nodiscard]] Fonts& fonts() override { return fonts_; }
+
+  [[nodiscard]] Appearance appearance() const override { return appearance_.current(); }
+  void setAppearanceHandler(std::function<void()> changed) override;
+  [[nodiscard]] std::vector<std::string> languages() const override;
+  [[nodiscard]] TextDirection layoutDirection() const override;
+  [[nodiscard]] bool isFullKeyboardAccessEnabled() const override { return true; }
+  [[nodiscard]] SystemVersion systemVersion() const override { return {}; }
+
+  // For its windows
+
+  [[nodiscard]] QtApplication& application() { return application_; }
+  [[nodiscard]] EventClock& eventClock() { return eventClock_; }
+  void push(Window& window, WindowClient& client, WindowEvent event);
+  void drop(const Window& window) { queue_.drop(window); }
+
+ private:
+  QtApplication& application_;
+  EventClock eventClock_;
+  EventQueue queue_;
+  AppearanceRelay appearance_;
+  QtLoop loop_;
+  QtAppearance portal_;
+  QtFonts fonts_;
+};
+
+}  // namespace bkuk::host

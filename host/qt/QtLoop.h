@@ -1,0 +1,63 @@
+#pragma once
+
+#include <QtCore/QEventLoop>
+#include <QtCore/QObject>
+#include <QtCore/QSocketNotifier>
+#include <atomic>
+#include <functional>
+#include <optional>
+
+#include "host/Host.h"
+
+namespace bkuk::host {
+
+/// Waiting, on Qt's event dispatcher. One timer descriptor of the kernel stands for the next date, and
+/// nothing else ever wakes the process.
+///
+/// The library's loop usually drives: it calls `wait`, and Qt's events come in during that. When another
+/// loop drives, because the application runs `QGuiApplication::exec` or a dialogue of its own inside one
+/// of our turns, the descriptor and posted events make this object call the client's turns instead.
+class QtLoop : public QObject {
+ public:
+  /// `hasEvents` tells whether something is queued for the library.
+  explicit QtLoop(std::function<bool()> hasEvents);
+  ~QtLoop() override;
+
+  [[nodiscard]] double now() const;
+  void setClient(LoopClient* client) { client_ = client; }
+  void schedule(std::optional<double> date) { arm(date); }
+  void wait(std::optional<double> until);
+  /// Callable from any thread.
+  void wake();
+  /// Takes in what the desktop has sent, without waiting; does nothing while another loop drives.
+  void pump();
+  /// To be called after something was queued for the library.
+  void noteQueued();
+
+ protected:
+  bool event(QEvent* event) override;
+
+ private:
+  // For the length of a pump or turn of ours: Qt loops of the present depth are not "another loop".
+  class Driving;
+
+  [[nodiscard]] bool isDriven() const;
+  [[nodiscard]] bool isReady(std::optional<double> until) const;
+  void process(QEventLoop::ProcessEventsFlags flags);
+  void arm(std::optional<double> date);
+  void timerExpired();
+  void runTurn();
+
+  std::function<bool()> hasEvents_;
+  LoopClient* client_ = nullptr;
+  int timer_;
+  QSocketNotifier notifier_;
+  std::optional<double> armed_;
+  bool isExpired_ = false;
+  bool isWoken_ = false;
+  bool isPumping_ = false;
+  std::atomic<bool> isWakePosted_ = false;
+  int depth_ = 0;
+};
+
+}  // namespace bkuk::host

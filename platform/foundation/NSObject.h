@@ -1,0 +1,75 @@
+#pragma once
+
+#include <atomic>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+#include "platform/foundation/Ref.h"
+#include "platform/foundation/Selector.h"
+#include "platform/foundation/SelectorTable.h"
+#include "platform/foundation/Weak.h"
+
+namespace bkuk {
+
+/// The root of every reference type: an intrusive strong count and zeroing weak references.
+///
+/// Objects are made with `make<T>(...)` and held by `Ref<T>`. Counting and weak references are atomic,
+/// so that an object may be held and let go on any thread, even one whose members belong to the main
+/// thread.
+class NSObject {
+ public:
+  NSObject(const NSObject&) = delete;
+  NSObject& operator=(const NSObject&) = delete;
+
+  /// Equality of content; identity unless overridden. Objects that are equal have the same `hash()`.
+  [[nodiscard]] virtual bool isEqual(const NSObject* other) const { return this == other; }
+  [[nodiscard]] virtual std::size_t hash() const { return std::hash<const NSObject*>{}(this); }
+
+  /// The plain name of the object's class, without namespace.
+  [[nodiscard]] virtual std::string className() const;
+
+  [[nodiscard]] bool respondsTo(Selector selector) const;
+  /// Runs the operation of that name. An unknown selector is a fatal error: ask `respondsTo` first
+  /// where the answer is open.
+  void perform(Selector selector, NSObject* sender = nullptr);
+
+  void retain() const;
+  void release() const noexcept;
+
+ protected:
+  NSObject() = default;
+  virtual ~NSObject();
+
+  /// Called once by `make`, on the complete object. Whatever calls overridable members while an object
+  /// is set up belongs here and not in a constructor. Overrides call the base first.
+  virtual void didInit() {}
+
+  /// The operations that the class performs by name: a static table that names its base's.
+  [[nodiscard]] virtual const SelectorTable& selectors() const;
+
+ private:
+  template <typename T, typename... Args>
+  friend Ref<T> make(Args&&... args);
+  template <typename T>
+  friend class Weak;
+  friend class WeakCell;
+
+  bool retainIfAlive() const noexcept;
+  [[nodiscard]] WeakCell* weakCell() const;
+  static void destroy(const NSObject* object) noexcept;
+
+  // The creator's reference is counted from the start, so that a constructor may hand out references.
+  mutable std::atomic<std::uint32_t> count_{1};
+  mutable std::atomic<WeakCell*> cell_{nullptr};
+};
+
+/// Constructs an object, then calls its `didInit()`.
+template <typename T, typename... Args>
+[[nodiscard]] Ref<T> make(Args&&... args) {
+  auto object = Ref<T>::adopt(new T(std::forward<Args>(args)...));
+  static_cast<NSObject&>(*object).didInit();
+  return object;
+}
+
+}  // namespace bkuk

@@ -1,0 +1,28 @@
+#include "platform/foundation/SelectorTable.h"
+
+#include <algorithm>
+
+#include "platform/foundation/Fatal.h"
+
+namespace bkuk {
+
+const SelectorTable& SelectorTable::make(const SelectorTable& base, std::initializer_list<Entry> entries) {
+  return *new SelectorTable(&base, entries);
+}
+
+const SelectorTable& SelectorTable::empty() {
+  static const auto& table = *new SelectorTable(nullptr, {});
+  return table;
+}
+
+SelectorTable::Action SelectorTable::find(Selector selector) const {
+  const auto found = std::ranges::find(entries_, selector, &Entry::selector);
+  if (found != entries_.end()) return found->action;
+  return base_ ? base_->find(selector) : nullptr;
+}
+
+void detail::requireSender(bool fits) {
+  if (!fits) trap();
+}
+
+}  // namespace bkuk
