@@ -1,0 +1,53 @@
+#include "platform/quartzcore/compositor/LayerShadow.h"
+
+#include <cmath>
+
+#include "platform/coregraphics/GaussianBlur.h"
+#include "platform/quartzcore/LayerAccess.h"
+
+namespace bkuk {
+
+namespace {
+
+LayerShadow::Kind kindOf(const CALayer& shown, const LayerBox& box, const CALayer& layer) {
+  if (shown.shadowPath()) return LayerShadow::Kind::path;
+  const auto& background = shown.backgroundColor();
+  const bool fillsBox = background && background->rgba().alpha == 1 && box.isUniform;
+  const bool endsAtBox = LayerAccess::paintedBox(shown).isNull() && !shown.mask();
+  return fillsBox && endsAtBox && contains(box.rect, pixelsBelow(layer)) ? LayerShadow::Kind::box
+                                                                         : LayerShadow::Kind::composed;
+}
+
+}  // namespace
+
+PixelRect pixelsBelow(const CALayer& layer) {
+  PixelRect below;
+  for (const auto& sublayer : layer.sublayers()) below = unite(below, LayerAccess::record(*sublayer).subtree);
+  return below;
+}
+
+LayerShadow LayerShadow::of(const CALayer& shown, const LayerBox& box, const CALayer& layer, bool isFlipped) {
+  LayerShadow shadow;
+  if (!(shown.shadowOpacity() > 0) || !shown.shadowColor() || shown.masksToBounds()) return shadow;
+  const auto up = isFlipped ? -shown.shadowOffset().height : shown.shadowOffset().height;
+  const auto offset = box.toDevice.apply(CGSize{shown.shadowOffset().width, up});
+  if (!std::isfinite(offset.width) || !std::isfinite(offset.height)) return shadow;
+  shadow.color = premultiplied(shown.shadowColor()->rgba(), shown.shadowOpacity());
+  if (alphaOf(shadow.color) == 0) return shadow;
+  shadow.sigma = shown.shadowRadius() > 0 ? std::min(shown.shadowRadius() * box.scale, maxBlurSigma) : 0;
+  shadow.dx = toPixel(std::round(offset.width));
+  shadow.dy = toPixel(std::round(offset.height));
+  shadow.kind = kindOf(shown, box, layer);
+  return shadow;
+}
+
+PixelRect LayerShadow::rect(const CALayer& shown, const LayerBox& box, const PixelRect& content) const {
+  if (kind == Kind::none) return {};
+  auto shape = kind == Kind::box ? box.rect : content;
+  if (kind == Kind::path) shape = touchedPixels(box.toDevice.apply(shown.shadowPath()->boundingBoxOfPath()));
+  if (shape.isEmpty()) return {};
+  const auto reach = blurReach(sigma);
+  return {shape.x - reach + dx, shape.y - reach + dy, shape.width + 2 * reach, shape.height + 2 * reach};
+}
+
+}  // namespace bkuk

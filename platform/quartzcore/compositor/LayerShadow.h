@@ -1,0 +1,34 @@
+#pragma once
+
+#include "platform/quartzcore/compositor/LayerBox.h"
+#include "platform/quartzcore/raster/PixelMath.h"
+
+namespace bkuk {
+
+/// The shadow of one layer on the device.
+struct LayerShadow {
+  enum class Kind {
+    none,
+    box,      ///< of the layer's box, which is all there is to its outline
+    path,     ///< of its `shadowPath`
+    composed  ///< of everything it shows
+  };
+
+  Kind kind = Kind::none;
+  double sigma = 0;  ///< of the blur, in pixels
+  int dx = 0;
+  int dy = 0;
+  Pixel color = 0;
+
+  /// Of `layer` as it is `shown`. `isFlipped`: y runs down in its bounds space.
+  [[nodiscard]] static LayerShadow of(const CALayer& shown, const LayerBox& box, const CALayer& layer,
+                                      bool isFlipped);
+
+  /// The pixels the shadow touches. `content`: those of the composed layer.
+  [[nodiscard]] PixelRect rect(const CALayer& shown, const LayerBox& box, const PixelRect& content) const;
+};
+
+/// The pixels that the layer's sublayers touch.
+[[nodiscard]] PixelRect pixelsBelow(const CALayer& layer);
+
+}  // namespace bkuk

@@ -1,0 +1,137 @@
+#include "platform/quartzcore/compositor/LayerUpdate.h"
+
+#include <utility>
+
+#include "platform/quartzcore/LayerAccess.h"
+#include "platform/quartzcore/LayerGeometry.h"
+#include "platform/quartzcore/compositor/LayerShadow.h"
+
+namespace bkuk {
+
+namespace {
+
+void clearMarksBelow(CALayer& top) {
+  std::vector<CALayer*> stack{&top};
+  while (!stack.empty()) {
+    auto& layer = *stack.back();
+    stack.pop_back();
+    auto& marks = LayerAccess::marks(layer);
+    if (!marks.renderBelow) continue;
+    marks.renderBelow = marks.repaint = marks.rearrange = false;
+    if (layer.mask()) stack.push_back(layer.mask().get());
+    for (const auto& sublayer : layer.sublayers()) stack.push_back(sublayer.get());
+  }
+}
+
+// The layer's own box, and beyond it what a subclass paints.
+PixelRect paintedRect(const CALayer& shown, const LayerBox& box) {
+  const bool paintsBox = hasVisibleBackground(shown) || hasVisibleBorder(shown) || hasVisibleContents(shown);
+  const auto beyond = LayerAccess::paintedBox(shown);
+  const auto own = paintsBox ? box.rect : PixelRect();
+  return beyond.isNull() ? own : unite(own, box.pixelsOfPaint(beyond));
+}
+
+}  // namespace
+
+bool isVisible(const CALayer& shown) { return !shown.isHidden() && shown.opacity() > 0; }
+
+bool hasVisibleBackground(const CALayer& shown) {
+  return shown.backgroundColor() && shown.backgroundColor()->rgba().alpha > 0;
+}
+
+bool hasVisibleBorder(const CALayer& shown) {
+  return shown.borderWidth() > 0 && shown.borderColor() && shown.borderColor()->rgba().alpha > 0;
+}
+
+bool hasVisibleContents(const CALayer& shown) {
+  return shown.contents() && !shown.contents()->bitmap().isEmpty();
+}
+
+struct LayerUpdate::Visit {
+  CALayer* layer;
+  Ref<const CALayer> shown;
+  LayerBox box;
+  PixelRect clip;       // of the layer itself
+  PixelRect innerClip;  // of its sublayers
+  bool wholly;          // everything below moved along
+  bool repaints;
+  bool isFlipped;
+  std::size_t next = 0;
+};
+
+LayerUpdate::LayerUpdate(const PixelRect& image, double time, DamageRegion& damage)
+    : image_(image), time_(time), damage_(damage) {}
+
+LayerUpdate::~LayerUpdate() = default;
+
+void LayerUpdate::run(CALayer& root, const CGAffineTransform& toDevice) {
+  enter(root, toDevice, image_, false, false);
+  while (!visits_.empty()) {
+    auto& visit = visits_.back();
+    const auto& sublayers = visit.layer->sublayers();
+    if (visit.next == sublayers.size()) {
+      leave(visit);
+      visits_.pop_back();
+      continue;
+    }
+    auto& sublayer = *sublayers[visit.next++];
+    if (!visit.wholly && !LayerAccess::marks(sublayer).renderBelow) continue;
+    // Entering may move the visits.
+    const auto parentToDevice = visit.box.toDevice;
+    enter(sublayer, parentToDevice, visit.innerClip, visit.wholly, visit.isFlipped);
+  }
+}
+
+void LayerUpdate::enter(CALayer& layer, const CGAffineTransform& parentToDevice, const PixelRect& clip,
+                        bool wholly, bool isFlipped) {
+  auto& marks = LayerAccess::marks(layer);
+  auto& record = LayerAccess::record(layer);
+  damage_.add(intersect(std::exchange(record.left, {}), image_));
+  if (marks.rearrange && !wholly) damage_.add(record.subtree);
+  if (layer.mask()) clearMarksBelow(*layer.mask());
+  auto shown = LayerAccess::shown(layer, time_);
+  if (!isVisible(*shown)) return leaveInvisible(layer);
+  const LayerBox box(*shown, transformToSuperlayer(*shown).concatenating(parentToDevice));
+  if (!box.isPlaced) return leaveInvisible(layer);
+  visits_.push_back({&layer, shown, box, clip, shown->masksToBounds() ? intersect(clip, box.rect) : clip,
+                     wholly || marks.rearrange, marks.repaint, isFlipped != shown->isGeometryFlipped()});
+  marks.repaint = marks.rearrange = marks.renderBelow = false;
+}
+
+void LayerUpdate::leaveInvisible(CALayer& layer) {
+  auto& record = LayerAccess::record(layer);
+  record.own = record.subtree = {};
+  auto& marks = LayerAccess::marks(layer);
+  // What is below it keeps its marks until it can be seen again, which rearranges it all.
+  marks.repaint = marks.rearrange = marks.renderBelow = false;
+}
+
+void LayerUpdate::leave(Visit& visit) {
+  auto& record = LayerAccess::record(*visit.layer);
+  const auto oldOwn = record.own;
+  const auto oldSubtree = record.subtree;
+  const bool followedBelow = record.shadowFollowsBelow;
+  updateRects(visit);
+  const bool shadowChangedKind = followedBelow != record.shadowFollowsBelow;
+  const bool isInside = visits_.size() > 1 && visits_[visits_.size() - 2].wholly;
+  if (visit.wholly || shadowChangedKind) {
+    if (shadowChangedKind) damage_.add(oldSubtree);
+    if (!isInside || shadowChangedKind) damage_.add(record.subtree);
+  } else if (visit.repaints) {
+    damage_.add(oldOwn);
+    damage_.add(record.own);
+  }
+}
+
+void LayerUpdate::updateRects(Visit& visit) {
+  auto& record = LayerAccess::record(*visit.layer);
+  const auto below = pixelsBelow(*visit.layer);
+  const auto painted = paintedRect(*visit.shown, visit.box);
+  const auto shadow = LayerShadow::of(*visit.shown, visit.box, *visit.layer, visit.isFlipped);
+  const auto content = unite(painted, below);
+  record.own = intersect(unite(painted, shadow.rect(*visit.shown, visit.box, content)), visit.clip);
+  record.subtree = unite(record.own, intersect(below, visit.clip));
+  record.shadowFollowsBelow = shadow.kind == LayerShadow::Kind::composed;
+}
+
+}  // namespace bkuk

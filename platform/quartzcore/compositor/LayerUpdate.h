@@ -1,0 +1,43 @@
+#pragma once
+
+#include "platform/quartzcore/CALayer.h"
+#include "platform/quartzcore/compositor/DamageRegion.h"
+#include "platform/quartzcore/compositor/LayerBox.h"
+
+namespace bkuk {
+
+/// Finds out where the layers that changed are now, and damages where they were and are. It looks at nothing
+/// but changed layers, their superlayers and what moved along with them, and takes their marks.
+class LayerUpdate {
+ public:
+  /// `image`: the device pixels there are; `time`: for animations.
+  LayerUpdate(const PixelRect& image, double time, DamageRegion& damage);
+  ~LayerUpdate();
+
+  /// `toDevice` maps the root's superspace to the device.
+  void run(CALayer& root, const CGAffineTransform& toDevice);
+
+ private:
+  struct Visit;
+
+  void enter(CALayer& layer, const CGAffineTransform& parentToDevice, const PixelRect& clip, bool wholly,
+             bool isFlipped);
+  void leave(Visit& visit);
+  void leaveInvisible(CALayer& layer);
+  void updateRects(Visit& visit);
+
+  PixelRect image_;
+  double time_;
+  DamageRegion& damage_;
+  std::vector<Visit> visits_;
+};
+
+/// Whether the layer shows anything at all, itself or below.
+[[nodiscard]] bool isVisible(const CALayer& shown);
+
+/// What it paints within its bounds.
+[[nodiscard]] bool hasVisibleBackground(const CALayer& shown);
+[[nodiscard]] bool hasVisibleBorder(const CALayer& shown);
+[[nodiscard]] bool hasVisibleContents(const CALayer& shown);
+
+}  // namespace bkuk
