@@ -2,4 +2,6 @@
 
 // The whole kit, with the desktop platform that it stands on.
 
+#include "platform/appkit/AppKit.h"
+#include "platform/coretext/CTLine.h"
 #include "platform/foundation/NSNotificationCenter.h"

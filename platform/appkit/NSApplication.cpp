@@ -1,0 +1,190 @@
+#include "platform/appkit/NSApplication.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "host/Host.h"
+#include "platform/appkit/NSEventMonitor.h"
+#include "platform/appkit/NSWindow.h"
+#include "platform/foundation/NSKeyValueObservation.h"
+#include "platform/foundation/NSRunLoop.h"
+#include "platform/foundation/NSThread.h"
+#include "platform/quartzcore/CATransaction.h"
+
+namespace bkuk {
+
+namespace {
+
+// Layers and windows come last in a turn, after everything that may still change them.
+constexpr int commitOrder = 1000;
+
+Ref<NSAppearance> appearanceOf(const host::Appearance& answer) {
+  switch (answer.scheme) {
+    case host::ColorScheme::light:
+      return NSAppearance::named(answer.highContrast ? NSAppearanceNameAccessibilityAqua
+                                                     : NSAppearanceNameAqua);
+    case host::ColorScheme::dark:
+      return NSAppearance::named(answer.highContrast ? NSAppearanceNameAccessibilityDarkAqua
+                                                     : NSAppearanceNameDarkAqua);
+    case host::ColorScheme::unknown:
+      break;
+  }
+  return NSAppearance::named(NSAppearanceNameUnknown);
+}
+
+}  // namespace
+
+NSApplication& NSApplication::shared() {
+  static NSApplication& application = *[] {
+    NSThread::becomeMainThread();
+    auto* made = make<NSApplication>().detach();
+    NSRunLoop::main().addTurnEndObserver(commitOrder, [made] { made->commit(); });
+    static NSApplication* attached = nullptr;
+    attached = made;
+    host::addInstallObserver([](host::Host& host) { attached->attach(host); });
+    made->refreshEffectiveAppearance();
+    return made;
+  }();
+  return application;
+}
+
+NSApplication::NSApplication() = default;
+
+void NSApplication::attach(host::Host& host) {
+  host.setAppearanceHandler([this] { refreshEffectiveAppearance(); });
+  if (effectiveAppearance_) refreshEffectiveAppearance();
+}
+
+// Appearance and answers
+
+void NSApplication::setAppearance(Ref<NSAppearance> appearance) {
+  appearance_ = std::move(appearance);
+  refreshEffectiveAppearance();
+}
+
+void NSApplication::refreshEffectiveAppearance() {
+  auto appearance = appearance_ ? appearance_ : appearanceOf(host::current().appearance());
+  if (effectiveAppearance_ && effectiveAppearance_->isEqual(appearance.get())) return;
+  const bool isFirst = !std::exchange(effectiveAppearance_, std::move(appearance));
+  if (isFirst) return;
+  didChangeValue(*this, effectiveAppearanceKey);
+  tellWindowsOfAppearance();
+}
+
+void NSApplication::tellWindowsOfAppearance() {
+  for (const auto& window : windows()) window->appearanceDidChange();
+}
+
+NSUserInterfaceLayoutDirection NSApplication::userInterfaceLayoutDirection() const {
+  if (direction_) return *direction_;
+  return host::current().layoutDirection() == host::TextDirection::rightToLeft
+             ? NSUserInterfaceLayoutDirection::rightToLeft
+             : NSUserInterfaceLayoutDirection::leftToRight;
+}
+
+void NSApplication::setUserInterfaceLayoutDirection(std::optional<NSUserInterfaceLayoutDirection> direction) {
+  direction_ = direction;
+  for (const auto& window : windows()) window->layoutDirectionDidChange();
+}
+
+bool NSApplication::isFullKeyboardAccessEnabled() const {
+  return host::current().isFullKeyboardAccessEnabled();
+}
+
+// Windows
+
+Ref<NSWindow> NSApplication::keyWindow() const { return keyWindow_.lock(); }
+Ref<NSWindow> NSApplication::mainWindow() const { return mainWindow_.lock(); }
+
+std::vector<Ref<NSWindow>> NSApplication::windows() const {
+  std::vector<Ref<NSWindow>> living;
+  living.reserve(windows_.size());
+  for (const auto& weak : windows_) {
+    if (auto window = weak.lock()) living.push_back(std::move(window));
+  }
+  return living;
+}
+
+void NSApplication::addWindow(NSWindow& window) {
+  std::erase_if(windows_, [](const auto& weak) { return !weak.isAlive(); });
+  windows_.push_back(&window);
+}
+
+void NSApplication::keepOrderedIn(NSWindow& window) { orderedIn_.push_back(&window); }
+
+void NSApplication::letGo(NSWindow& window) {
+  if (keyWindow_.refersTo(&window)) setKeyWindow(nullptr);
+  if (mainWindow_.refersTo(&window)) mainWindow_ = nullptr;
+  std::erase(orderedIn_, Ref<NSWindow>(&window));
+}
+
+void NSApplication::windowDidClose() {
+  if (orderedIn_.empty() && terminatesAfterLastWindowClosed_) stop();
+}
+
+void NSApplication::setKeyWindow(NSWindow* window) {
+  if (window ? keyWindow_.refersTo(window) : !keyWindow_.isAlive()) return;
+  const Ref<NSWindow> next(window);
+  const auto previous = std::exchange(keyWindow_, Weak<NSWindow>(window)).lock();
+  if (window && window->canBecomeMain()) mainWindow_ = window;
+  if (previous) previous->resignKey();
+  if (next && keyWindow_.refersTo(window)) next->becomeKey();
+}
+
+void NSApplication::commit() {
+  for (std::size_t i = 0; i < orderedIn_.size(); ++i) {
+    const Ref<NSWindow> window = orderedIn_[i];
+    window->layoutIfNeeded();
+  }
+  CATransaction::flush();
+  for (std::size_t i = 0; i < orderedIn_.size(); ++i) {
+    const Ref<NSWindow> window = orderedIn_[i];
+    window->render();
+  }
+}
+
+// Events
+
+void NSApplication::sendEvent(NSEvent& event) {
+  const Ref<NSEvent> filtered = NSEventMonitor::filter(&event);
+  if (!filtered) return;
+  const auto outer = std::exchange(currentEvent_, filtered);
+  const auto window = filtered->window();
+  const bool isEquivalent =
+      filtered->type() == NSEventType::keyDown && filtered->hasModifier(NSEventModifierFlagCommand);
+  if (window && !(isEquivalent && window->performKeyEquivalent(*filtered))) window->sendEvent(*filtered);
+  currentEvent_ = outer;
+}
+
+bool NSApplication::performOnChain(NSWindow& window, Selector selector, NSObject* sender) {
+  for (auto responder = window.firstResponder(); responder; responder = responder->nextResponder()) {
+    if (!responder->respondsTo(selector)) continue;
+    responder->perform(selector, sender);
+    return true;
+  }
+  const auto delegate = window.delegate();
+  if (!delegate || !delegate->respondsTo(selector)) return false;
+  delegate->perform(selector, sender);
+  return true;
+}
+
+bool NSApplication::sendAction(Selector selector, NSObject* target, NSObject* sender) {
+  if (!selector) return false;
+  const auto performOn = [&](const Ref<NSObject>& object) {
+    if (!object || !object->respondsTo(selector)) return false;
+    object->perform(selector, sender);
+    return true;
+  };
+  if (target) return performOn(target);
+  const auto key = keyWindow();
+  const auto main = mainWindow();
+  if (key && performOnChain(*key, selector, sender)) return true;
+  if (main && main != key && performOnChain(*main, selector, sender)) return true;
+  return performOn(this) || performOn(delegate());
+}
+
+void NSApplication::run() { NSRunLoop::main().run(); }
+
+void NSApplication::stop() { NSRunLoop::main().stop(); }
+
+}  // namespace bkuk

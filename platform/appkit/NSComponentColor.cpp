@@ -1,0 +1,18 @@
+#include "platform/appkit/NSComponentColor.h"
+
+#include <utility>
+
+#include "platform/foundation/Fatal.h"
+
+namespace bkuk {
+
+NSComponentColor::NSComponentColor(Ref<CGColor> color) : color_(std::move(color)) {
+  if (!color_) trap();
+}
+
+bool NSComponentColor::isEqual(const NSObject* other) const {
+  const auto* plain = dynamic_cast<const NSComponentColor*>(other);
+  return plain && color_->isEqual(plain->color_.get());
+}
+
+}  // namespace bkuk

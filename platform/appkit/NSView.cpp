@@ -1,0 +1,430 @@
+#include "platform/appkit/NSView.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/appkit/NSAnimationContext.h"
+#include "platform/appkit/NSApplication.h"
+#include "platform/appkit/NSColor.h"
+#include "platform/appkit/NSGraphicsContext.h"
+#include "platform/appkit/NSShadow.h"
+#include "platform/appkit/NSWindow.h"
+#include "platform/foundation/Fatal.h"
+#include "platform/quartzcore/Autoresizing.h"
+
+namespace bkuk {
+
+namespace {
+
+constexpr std::string_view unit = "platform/appkit/NSView";
+
+}  // namespace
+
+template <typename Visit>
+void NSView::forTree(Visit&& visit) {
+  std::vector<Ref<NSView>> waiting{this};
+  while (!waiting.empty()) {
+    const Ref<NSView> view = std::move(waiting.back());
+    waiting.pop_back();
+    visit(*view);
+    waiting.insert(waiting.end(), view->subviews_.rbegin(), view->subviews_.rend());
+  }
+}
+
+NSView::NSView(NSRect frame) : frame_(frame) {}
+
+NSView::~NSView() {
+  for (const auto& view : subviews_) {
+    view->superview_ = nullptr;
+    if (view->layer_) view->layer_->removeFromSuperlayer();
+  }
+}
+
+void NSView::didInit() { NSResponder::didInit(); }
+
+// Tree
+
+Ref<NSWindow> NSView::window() const { return window_.lock(); }
+
+void NSView::addSubview(Ref<NSView> view) { addSubview(std::move(view), NSViewOrdering::above, nullptr); }
+
+void NSView::addSubview(Ref<NSView> view, NSViewOrdering positioned, const NSView* sibling) {
+  if (!view) trap();
+  if (isDescendantOf(*view)) fatal("A view cannot be added to itself or to one of its own subviews", unit);
+  const Ref<NSView> keepSibling(const_cast<NSView*>(sibling));
+  if (view.get() == sibling) return;
+  if (view->superview_.isAlive() && view->window_.lock() != window_.lock()) view->removeFromSuperview();
+  if (const auto old = view->superview_.lock()) std::erase(old->subviews_, view);
+  const auto found = std::ranges::find(subviews_, keepSibling);
+  const bool hasSibling = sibling && found != subviews_.end();
+  const auto place = static_cast<std::size_t>(found - subviews_.begin());
+  if (positioned == NSViewOrdering::above) {
+    insert(std::move(view), hasSibling ? place + 1 : subviews_.size());
+  } else {
+    insert(std::move(view), hasSibling ? place : 0);
+  }
+}
+
+void NSView::insert(Ref<NSView> view, std::size_t index) {
+  const Ref<NSView> self(this);
+  subviews_.insert(subviews_.begin() + static_cast<std::ptrdiff_t>(index), view);
+  view->superview_ = this;
+  view->moveToWindow(window_.lock().get());
+  if (view->superview_.refersTo(this)) adoptLayerOfSubview(*view);
+  view->markLayoutUpwards();
+  view->viewDidMoveToSuperview();
+}
+
+void NSView::removeFromSuperview() {
+  const auto parent = superview_.lock();
+  if (!parent) return;
+  const Ref<NSView> self(this);
+  std::erase(parent->subviews_, self);
+  superview_ = nullptr;
+  if (layer_) layer_->removeFromSuperlayer();
+  moveToWindow(nullptr);
+  dropLayerUnlessWanted();
+  viewDidMoveToSuperview();
+}
+
+bool NSView::isDescendantOf(const NSView& view) const {
+  Ref<const NSView> each(this);
+  while (each && each.get() != &view) each = each->superview_.lock();
+  return static_cast<bool>(each);
+}
+
+void NSView::viewWillMoveToWindow(NSWindow*) {}
+
+void NSView::moveToWindow(NSWindow* window) {
+  if (window_.lock() == window) return;
+  const Ref<NSWindow> keepWindow(window);
+  forTree([&](NSView& view) {
+    if (const auto old = view.window_.lock()) old->viewWillLeave(view);
+    view.viewWillMoveToWindow(window);
+  });
+  forTree([&](NSView& view) {
+    view.window_ = window;
+    if (window) {
+      view.makeLayer();
+      view.layer_->setContentsScale(window->backingScaleFactor());
+      view.setNeedsDisplay(true);
+    }
+  });
+  forTree([&](NSView& view) {
+    view.viewDidMoveToWindow();
+    if (!window) return;
+    if (view.shadow_) view.updateLayerShadow();
+    view.viewDidChangeBackingProperties();
+    view.viewDidChangeEffectiveAppearance();
+  });
+}
+
+// Geometry
+
+void NSView::setFrame(NSRect frame) {
+  if (frame == frame_) return;
+  const NSSize oldSize = std::exchange(frame_, frame).size;
+  updateLayerGeometry();
+  if (frame.size == oldSize) return;
+  if (autoresizesSubviews_) resizeSubviews(oldSize);
+  setNeedsLayout(true);
+  const bool drawsAgain = redrawPolicy_ == NSViewLayerContentsRedrawPolicy::duringViewResize ||
+                          redrawPolicy_ == NSViewLayerContentsRedrawPolicy::beforeViewResize;
+  if (drawsAgain) setNeedsDisplay(true);
+}
+
+void NSView::setBoundsOrigin(NSPoint origin) {
+  if (origin == boundsOrigin_) return;
+  boundsOrigin_ = origin;
+  updateLayerGeometry();
+}
+
+NSPoint NSView::toSuperview(NSPoint point) const {
+  const auto parent = superview_.lock();
+  const NSPoint local{point.x - boundsOrigin_.x, point.y - boundsOrigin_.y};
+  const bool turned = parent && parent->isFlipped() != isFlipped();
+  return {frame_.origin.x + local.x, frame_.origin.y + (turned ? frame_.size.height - local.y : local.y)};
+}
+
+NSPoint NSView::fromSuperview(NSPoint point) const {
+  const auto parent = superview_.lock();
+  const NSPoint local{point.x - frame_.origin.x, point.y - frame_.origin.y};
+  const bool turned = parent && parent->isFlipped() != isFlipped();
+  return {boundsOrigin_.x + local.x, boundsOrigin_.y + (turned ? frame_.size.height - local.y : local.y)};
+}
+
+NSPoint NSView::convertPointTo(NSPoint point, const NSView* view) const {
+  if (view && view->window_.lock() != window_.lock()) fatal("The views are in different windows", unit);
+  Ref<const NSView> each(this);
+  while (each && each.get() != view) {
+    point = each->toSuperview(point);
+    each = each->superview_.lock();
+  }
+  return view && !each ? view->convertPointFrom(point, nullptr) : point;
+}
+
+NSPoint NSView::convertPointFrom(NSPoint point, const NSView* view) const {
+  if (view) return view->convertPointTo(point, this);
+  std::vector<Ref<const NSView>> chain;
+  for (Ref<const NSView> each(this); each; each = each->superview_.lock()) chain.push_back(each);
+  for (auto each = chain.rbegin(); each != chain.rend(); ++each) point = (*each)->fromSuperview(point);
+  return point;
+}
+
+NSRect NSView::convertRectTo(const NSRect& rect, const NSView* view) const {
+  const NSPoint a = convertPointTo({rect.minX(), rect.minY()}, view);
+  const NSPoint b = convertPointTo({rect.maxX(), rect.maxY()}, view);
+  return NSRect(a.x, a.y, b.x - a.x, b.y - a.y).standardized();
+}
+
+NSRect NSView::convertRectFrom(const NSRect& rect, const NSView* view) const {
+  const NSPoint a = convertPointFrom({rect.minX(), rect.minY()}, view);
+  const NSPoint b = convertPointFrom({rect.maxX(), rect.maxY()}, view);
+  return NSRect(a.x, a.y, b.x - a.x, b.y - a.y).standardized();
+}
+
+void NSView::resizeSubviews(NSSize oldSize) {
+  const auto snapshot = subviews_;
+  for (const auto& view : snapshot) {
+    if (view->autoresizingMask_ == NSViewNotSizable) continue;
+    view->setFrame(autoresized(view->frame_, view->autoresizingMask_, bounds(), oldSize));
+  }
+}
+
+NSUserInterfaceLayoutDirection NSView::userInterfaceLayoutDirection() const {
+  return direction_ ? *direction_ : NSApplication::shared().userInterfaceLayoutDirection();
+}
+
+void NSView::setUserInterfaceLayoutDirection(NSUserInterfaceLayoutDirection direction) {
+  direction_ = direction;
+  setNeedsLayout(true);
+  setNeedsDisplay(true);
+}
+
+// Events
+
+Ref<NSView> NSView::hitTest(NSPoint point) {
+  const auto parent = superview_.lock();
+  if (hidden_ || !NSMouseInRect(point, frame_, parent && parent->isFlipped())) return nullptr;
+  const NSPoint local = fromSuperview(point);
+  for (std::size_t i = subviews_.size(); i-- > 0;) {
+    if (i >= subviews_.size()) continue;  // an override below took views away
+    const Ref<NSView> view = subviews_[i];
+    if (auto hit = view->hitTest(local)) return hit;
+  }
+  return this;
+}
+
+Ref<NSResponder> NSView::nextResponder() const {
+  if (auto parent = superview_.lock()) return parent;
+  return window_.lock();
+}
+
+bool NSView::performKeyEquivalent(NSEvent& event) {
+  const auto snapshot = subviews_;
+  return std::ranges::any_of(snapshot, [&](const auto& view) { return view->performKeyEquivalent(event); });
+}
+
+void NSView::setNextKeyView(NSView* view) {
+  if (const auto old = nextKeyView_.lock(); old && old->previousKeyView_.refersTo(this)) {
+    old->previousKeyView_ = nullptr;
+  }
+  nextKeyView_ = view;
+  if (view) view->previousKeyView_ = this;
+}
+
+Ref<NSView> NSView::validKeyView(Ref<NSView> (NSView::*next)() const) const {
+  // A loop that does not lead back here ends at a view met before; the slow walker finds it.
+  Ref<NSView> view = (this->*next)();
+  Ref<NSView> slow = view;
+  for (bool advanceSlow = false; view && view.get() != this; advanceSlow = !advanceSlow) {
+    if (view->canBecomeKeyView()) return view;
+    view = (view.get()->*next)();
+    if (advanceSlow) slow = (slow.get()->*next)();
+    if (view == slow) break;
+  }
+  return nullptr;
+}
+
+Ref<NSView> NSView::nextValidKeyView() const { return validKeyView(&NSView::nextKeyView); }
+Ref<NSView> NSView::previousValidKeyView() const { return validKeyView(&NSView::previousKeyView); }
+
+bool NSView::canBecomeKeyView() const {
+  return acceptsFirstResponder() && window_.isAlive() && !isHiddenOrHasHiddenAncestor() &&
+         (needsPanelToBecomeKey() || NSApplication::shared().isFullKeyboardAccessEnabled());
+}
+
+// Visibility
+
+void NSView::setHidden(bool hidden) {
+  if (hidden == hidden_) return;
+  hidden_ = hidden;
+  if (layer_) layer_->setHidden(hidden);
+}
+
+bool NSView::isHiddenOrHasHiddenAncestor() const {
+  Ref<const NSView> each(this);
+  while (each && !each->hidden_) each = each->superview_.lock();
+  return static_cast<bool>(each);
+}
+
+void NSView::setAlphaValue(CGFloat alpha) {
+  alphaValue_ = std::clamp(alpha, 0.0, 1.0);
+  if (layer_) layer_->setOpacity(static_cast<float>(alphaValue_));
+}
+
+void NSView::setShadow(const Ref<NSShadow>& shadow) {
+  shadow_ = shadow ? shadow->copy() : nullptr;
+  updateLayerShadow();
+}
+
+// Layer and drawing
+
+void NSView::setWantsLayer(bool wants) {
+  wantsLayer_ = wants;
+  if (!wants) return dropLayerUnlessWanted();
+  forTree([](NSView& view) { view.makeLayer(); });
+}
+
+Ref<CALayer> NSView::makeBackingLayer() { return make<CALayer>(); }
+
+void NSView::makeLayer() {
+  if (layer_) return;
+  layer_ = makeBackingLayer();
+  layer_->setDelegate(this);
+  layer_->setAnchorPoint({0, 0});
+  layer_->setHidden(hidden_);
+  layer_->setOpacity(static_cast<float>(alphaValue_));
+  if (shadow_) updateLayerShadow();
+  layer_->setNeedsDisplay();
+  const auto parent = superview_.lock();
+  if (parent && parent->layer_) parent->adoptLayerOfSubview(*this);
+  updateLayerGeometry();
+  for (const auto& view : subviews_) {
+    if (view->layer_) adoptLayerOfSubview(*view);
+  }
+}
+
+void NSView::dropLayerUnlessWanted() {
+  const auto parent = superview_.lock();
+  if (!layer_ || wantsLayer_ || window_.isAlive() || (parent && parent->layer_)) return;
+  layer_->removeFromSuperlayer();
+  layer_->setDelegate(nullptr);
+  layer_ = nullptr;
+  const auto snapshot = subviews_;
+  for (const auto& view : snapshot) view->dropLayerUnlessWanted();
+}
+
+void NSView::adoptLayerOfSubview(NSView& view) {
+  if (!layer_) return;
+  view.makeLayer();
+  // Behind the next sibling's layer, so that layers stand in the order of their views; in front of
+  // everything else, so that layers added by hand at the bottom stay there.
+  auto next = std::ranges::find(subviews_, Ref<NSView>(&view));
+  while (next != subviews_.end() && (next->get() == &view || !(*next)->layer_)) ++next;
+  if (next == subviews_.end()) {
+    layer_->addSublayer(view.layer_);
+  } else {
+    layer_->insertSublayerBelow(view.layer_, *(*next)->layer_);
+  }
+  view.updateLayerGeometry();
+}
+
+void NSView::updateLayerGeometry() {
+  if (!layer_) return;
+  // A layer's flip turns over what is inside it, so only a change of direction flips.
+  const auto parent = superview_.lock();
+  layer_->setGeometryFlipped(isFlipped() != (parent && parent->isFlipped()));
+  layer_->setPosition(frame_.origin);
+  layer_->setBounds(bounds());
+}
+
+// A layer's opacity multiplies its shadow's colour, so the colour goes without its alpha.
+void NSView::updateLayerShadow() {
+  if (!layer_) return;
+  const auto color = shadow_ && shadow_->shadowColor() ? shadow_->shadowColor()->cgColor() : nullptr;
+  layer_->setShadowOpacity(color ? color->alpha() : 0);
+  if (!color) return;
+  layer_->setShadowColor(color->copy(1));
+  layer_->setShadowOffset(shadow_->shadowOffset());
+  layer_->setShadowRadius(shadow_->shadowBlurRadius());
+}
+
+void NSView::draw(NSRect) {}
+
+void NSView::setNeedsDisplay(bool needsDisplay) {
+  needsDisplay_ = needsDisplay;
+  if (needsDisplay && layer_) layer_->setNeedsDisplay();
+}
+
+void NSView::scaleDidChange(CGFloat scale) {
+  forTree([scale](NSView& view) {
+    if (!view.layer_) return;
+    view.layer_->setContentsScale(scale);
+    view.setNeedsDisplay(true);
+    view.viewDidChangeBackingProperties();
+  });
+}
+
+void NSView::appearanceDidChange() {
+  forTree([](NSView& view) {
+    if (view.shadow_) view.updateLayerShadow();
+    view.viewDidChangeEffectiveAppearance();
+    view.setNeedsDisplay(true);
+  });
+}
+
+void NSView::layoutDirectionDidChange() {
+  forTree([](NSView& view) {
+    view.setNeedsLayout(true);
+    view.setNeedsDisplay(true);
+  });
+}
+
+// Layout
+
+void NSView::setNeedsLayout(bool needsLayout) {
+  needsLayout_ = needsLayout;
+  if (needsLayout) markLayoutUpwards();
+}
+
+void NSView::markLayoutUpwards() {
+  subtreeNeedsLayout_ = true;
+  for (auto each = superview_.lock(); each && !each->subtreeNeedsLayout_; each = each->superview_.lock()) {
+    each->subtreeNeedsLayout_ = true;
+  }
+  if (const auto window = window_.lock()) window->setNeedsCommit();
+}
+
+void NSView::layoutSubtreeIfNeeded() {
+  if (!subtreeNeedsLayout_) return;
+  std::vector<Ref<NSView>> waiting{this};
+  while (!waiting.empty()) {
+    const Ref<NSView> view = std::move(waiting.back());
+    waiting.pop_back();
+    if (!std::exchange(view->subtreeNeedsLayout_, false)) continue;
+    if (std::exchange(view->needsLayout_, false)) view->layout();
+    waiting.insert(waiting.end(), view->subviews_.rbegin(), view->subviews_.rend());
+  }
+}
+
+// CALayerDelegate
+
+bool NSView::displayLayer(CALayer&) {
+  needsDisplay_ = false;
+  if (!wantsUpdateLayer()) return false;
+  updateLayer();
+  return true;
+}
+
+void NSView::drawLayer(CALayer&, CGContext& context) {
+  const NSGraphicsContextScope scope(make<NSGraphicsContext>(Ref<CGContext>(&context), isFlipped()));
+  draw(bounds());
+}
+
+std::optional<Ref<CAAction>> NSView::actionForLayer(CALayer&, std::string_view) {
+  if (NSAnimationContext::current().allowsImplicitAnimation()) return std::nullopt;
+  return Ref<CAAction>();
+}
+
+}  // namespace bkuk

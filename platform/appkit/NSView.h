@@ -1,0 +1,227 @@
+#pragma once
+
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "platform/appkit/NSResponder.h"
+#include "platform/appkit/NSUserInterfaceLayoutDirection.h"
+#include "platform/quartzcore/CALayer.h"
+#include "platform/quartzcore/CALayerDelegate.h"
+
+namespace bkuk {
+
+class NSShadow;
+class NSWindow;
+
+/// How a view follows its superview's size: a sum of the bits that say what may stretch.
+using NSAutoresizingMask = unsigned;
+inline constexpr NSAutoresizingMask NSViewNotSizable = 0;
+inline constexpr NSAutoresizingMask NSViewMinXMargin = 1;
+inline constexpr NSAutoresizingMask NSViewWidthSizable = 2;
+inline constexpr NSAutoresizingMask NSViewMaxXMargin = 4;
+inline constexpr NSAutoresizingMask NSViewMinYMargin = 8;
+inline constexpr NSAutoresizingMask NSViewHeightSizable = 16;
+inline constexpr NSAutoresizingMask NSViewMaxYMargin = 32;
+
+/// When a change of a view's size makes it draw again.
+enum class NSViewLayerContentsRedrawPolicy {
+  never = 0,
+  onSetNeedsDisplay = 1,
+  duringViewResize = 2,
+  beforeViewResize = 3,
+  crossfade = 4,
+};
+
+/// Where a subview is put among its siblings.
+enum class NSViewOrdering { below = -1, above = 1 };
+
+/// A rectangle of a window that draws and answers events.
+///
+/// A superview owns its subviews. A view in a window draws through a layer of its own; outside of one it
+/// has a layer only when `wantsLayer` says so. Geometry is in points; y runs up unless `isFlipped`.
+class NSView : public NSResponder, public CALayerDelegate {
+ public:
+  explicit NSView(NSRect frame = {});
+  ~NSView() override;
+
+  // Tree
+
+  [[nodiscard]] Ref<NSView> superview() const { return superview_.lock(); }
+  /// Back to front.
+  [[nodiscard]] const std::vector<Ref<NSView>>& subviews() const { return subviews_; }
+  [[nodiscard]] Ref<NSWindow> window() const;
+  /// Adds in front of the other subviews; a view that is elsewhere moves. A view that contains this one
+  /// is a fatal error.
+  void addSubview(Ref<NSView> view);
+  /// Adds next to `sibling`, or in front of or behind all when that is absent.
+  void addSubview(Ref<NSView> view, NSViewOrdering positioned, const NSView* sibling);
+  void removeFromSuperview();
+  /// True also for the view itself.
+  [[nodiscard]] bool isDescendantOf(const NSView& view) const;
+
+  /// Called on a view and then its subviews, before and after the window changes; absent for none.
+  virtual void viewWillMoveToWindow(NSWindow* window);
+  virtual void viewDidMoveToWindow() {}
+  virtual void viewDidMoveToSuperview() {}
+
+  // Geometry
+
+  /// In the superview's space.
+  [[nodiscard]] NSRect frame() const { return frame_; }
+  virtual void setFrame(NSRect frame);
+  void setFrameOrigin(NSPoint origin) { setFrame({origin, frame_.size}); }
+  void setFrameSize(NSSize size) { setFrame({frame_.origin, size}); }
+  /// The visible part of the own space.
+  [[nodiscard]] NSRect bounds() const { return {boundsOrigin_, frame_.size}; }
+  /// Scrolls the content: moves what of the own space lies at the view's corner.
+  void setBoundsOrigin(NSPoint origin);
+  /// Whether the own y axis runs down. Must answer the same for the life of the view.
+  [[nodiscard]] virtual bool isFlipped() const { return false; }
+
+  /// An absent view means the window's base coordinates. Views of different windows are a fatal error.
+  [[nodiscard]] NSPoint convertPointTo(NSPoint point, const NSView* view) const;
+  [[nodiscard]] NSPoint convertPointFrom(NSPoint point, const NSView* view) const;
+  [[nodiscard]] NSRect convertRectTo(const NSRect& rect, const NSView* view) const;
+  [[nodiscard]] NSRect convertRectFrom(const NSRect& rect, const NSView* view) const;
+
+  [[nodiscard]] NSAutoresizingMask autoresizingMask() const { return autoresizingMask_; }
+  void setAutoresizingMask(NSAutoresizingMask mask) { autoresizingMask_ = mask; }
+  [[nodiscard]] bool autoresizesSubviews() const { return autoresizesSubviews_; }
+  void setAutoresizesSubviews(bool autoresizes) { autoresizesSubviews_ = autoresizes; }
+
+  /// The application's unless it was set.
+  [[nodiscard]] NSUserInterfaceLayoutDirection userInterfaceLayoutDirection() const;
+  void setUserInterfaceLayoutDirection(NSUserInterfaceLayoutDirection direction);
+
+  // Events
+
+  /// The front-most view at `point`, which is in the superview's space (in the own without one); none
+  /// when this view is hidden or the point is outside its frame.
+  [[nodiscard]] virtual Ref<NSView> hitTest(NSPoint point);
+  /// Whether the press that brings the window to the keyboard is also this view's.
+  [[nodiscard]] virtual bool acceptsFirstMouse(NSEvent&) const { return false; }
+  /// Whether a click gives this view the keyboard where focus is given by need only.
+  [[nodiscard]] virtual bool needsPanelToBecomeKey() const { return false; }
+  /// Whether a left press on the view makes it first responder before `mouseDown`.
+  [[nodiscard]] virtual bool takesFocusOnClick() const { return acceptsFirstResponder(); }
+  [[nodiscard]] Ref<NSResponder> nextResponder() const override;
+  bool performKeyEquivalent(NSEvent& event) override;
+
+  [[nodiscard]] Ref<NSView> nextKeyView() const { return nextKeyView_.lock(); }
+  /// Links the loop in both directions.
+  void setNextKeyView(NSView* view);
+  [[nodiscard]] Ref<NSView> previousKeyView() const { return previousKeyView_.lock(); }
+  /// The first of the loop after this view that `canBecomeKeyView`; none after one round.
+  [[nodiscard]] Ref<NSView> nextValidKeyView() const;
+  [[nodiscard]] Ref<NSView> previousValidKeyView() const;
+  [[nodiscard]] virtual bool canBecomeKeyView() const;
+
+  // Visibility
+
+  [[nodiscard]] bool isHidden() const { return hidden_; }
+  virtual void setHidden(bool hidden);
+  [[nodiscard]] bool isHiddenOrHasHiddenAncestor() const;
+  /// 0 to 1, of the view with its subviews.
+  [[nodiscard]] CGFloat alphaValue() const { return alphaValue_; }
+  void setAlphaValue(CGFloat alpha);
+  /// The shadow of what the view shows, none at first. A copy is kept: whoever changes a shadow sets it
+  /// again.
+  [[nodiscard]] const Ref<NSShadow>& shadow() const { return shadow_; }
+  void setShadow(const Ref<NSShadow>& shadow);
+
+  [[nodiscard]] const std::string& identifier() const { return identifier_; }
+  void setIdentifier(std::string identifier) { identifier_ = std::move(identifier); }
+
+  // Layer and drawing
+
+  [[nodiscard]] bool wantsLayer() const { return wantsLayer_; }
+  void setWantsLayer(bool wants);
+  /// None while the view has neither a window nor a superview with a layer nor wants one.
+  [[nodiscard]] const Ref<CALayer>& layer() const { return layer_; }
+  /// Called once, when the view needs its layer.
+  [[nodiscard]] virtual Ref<CALayer> makeBackingLayer();
+
+  /// True: `updateLayer` sets the layer's properties instead of `draw` painting into a bitmap.
+  [[nodiscard]] virtual bool wantsUpdateLayer() const { return false; }
+  /// Both are called in a display pass only.
+  virtual void updateLayer() {}
+  /// Paints into the current `NSGraphicsContext`, whose user space is the own space.
+  virtual void draw(NSRect dirtyRect);
+
+  [[nodiscard]] bool needsDisplay() const { return needsDisplay_; }
+  void setNeedsDisplay(bool needsDisplay);
+  [[nodiscard]] NSViewLayerContentsRedrawPolicy layerContentsRedrawPolicy() const { return redrawPolicy_; }
+  void setLayerContentsRedrawPolicy(NSViewLayerContentsRedrawPolicy policy) { redrawPolicy_ = policy; }
+
+  // Layout
+
+  [[nodiscard]] bool needsLayout() const { return needsLayout_; }
+  void setNeedsLayout(bool needsLayout);
+  /// Places the subviews. Called in the layout pass when marked, superviews first.
+  virtual void layout() {}
+  /// Lays out the marked views of this tree now.
+  void layoutSubtreeIfNeeded();
+
+  /// Called after the application's appearance changed and when the view enters a window.
+  virtual void viewDidChangeEffectiveAppearance() {}
+  /// Called after the scale of the view's window changed and when the view enters a window.
+  virtual void viewDidChangeBackingProperties() {}
+
+  // CALayerDelegate
+  bool displayLayer(CALayer& layer) override;
+  void drawLayer(CALayer& layer, CGContext& context) override;
+  /// A view's own layer changes at once unless the animation context allows implicit animation.
+  std::optional<Ref<CAAction>> actionForLayer(CALayer& layer, std::string_view key) override;
+
+ protected:
+  void didInit() override;
+
+ private:
+  friend class NSApplication;
+  friend class NSWindow;
+
+  void insert(Ref<NSView> view, std::size_t index);
+  void moveToWindow(NSWindow* window);
+  void makeLayer();
+  void dropLayerUnlessWanted();
+  void adoptLayerOfSubview(NSView& view);
+  void updateLayerGeometry();
+  void updateLayerShadow();
+  void resizeSubviews(NSSize oldSize);
+  [[nodiscard]] NSPoint toSuperview(NSPoint point) const;
+  [[nodiscard]] NSPoint fromSuperview(NSPoint point) const;
+  [[nodiscard]] Ref<NSView> validKeyView(Ref<NSView> (NSView::*next)() const) const;
+  void markLayoutUpwards();
+  void scaleDidChange(CGFloat scale);
+  void appearanceDidChange();
+  void layoutDirectionDidChange();
+
+  /// Calls `visit` on the view and all below it, superviews first, on a snapshot.
+  template <typename Visit>
+  void forTree(Visit&& visit);
+
+  NSRect frame_;
+  NSPoint boundsOrigin_;
+  Weak<NSView> superview_;
+  Weak<NSWindow> window_;
+  std::vector<Ref<NSView>> subviews_;
+  Ref<CALayer> layer_;
+  Weak<NSView> nextKeyView_;
+  Weak<NSView> previousKeyView_;
+  std::string identifier_;
+  Ref<NSShadow> shadow_;
+  CGFloat alphaValue_ = 1;
+  std::optional<NSUserInterfaceLayoutDirection> direction_;
+  NSAutoresizingMask autoresizingMask_ = NSViewNotSizable;
+  NSViewLayerContentsRedrawPolicy redrawPolicy_ = NSViewLayerContentsRedrawPolicy::duringViewResize;
+  bool autoresizesSubviews_ = true;
+  bool hidden_ = false;
+  bool wantsLayer_ = false;
+  bool needsDisplay_ = true;
+  bool needsLayout_ = true;
+  bool subtreeNeedsLayout_ = true;
+};
+
+}  // namespace bkuk

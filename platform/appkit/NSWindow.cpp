@@ -1,0 +1,379 @@
+#include "platform/appkit/NSWindow.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "host/FrameClamp.h"
+#include "host/Host.h"
+#include "platform/appkit/NSApplication.h"
+#include "platform/appkit/NSCursor.h"
+#include "platform/appkit/NSHostEvents.h"
+#include "platform/appkit/NSScreen.h"
+#include "platform/appkit/NSWindowFrameView.h"
+#include "platform/appkit/NSWindowMouseRouter.h"
+#include "platform/foundation/Fatal.h"
+#include "platform/foundation/NSRunLoop.h"
+#include "platform/quartzcore/CATransaction.h"
+
+namespace bkuk {
+
+namespace {
+
+constexpr std::uint16_t tabKeyCode = 48;
+
+host::Rect hostRect(const NSRect& rect) {
+  return {rect.origin.x, rect.origin.y, rect.size.width, rect.size.height};
+}
+
+// The frame nearest to the wanted one that a desktop can show.
+NSRect clamped(const NSRect& rect) {
+  const auto frame = host::clampedFrame(hostRect(rect));
+  return {frame.x, frame.y, frame.width, frame.height};
+}
+
+}  // namespace
+
+class NSWindow::HostClient : public host::WindowClient {
+ public:
+  explicit HostClient(NSWindow& window) : window_(&window) {}
+  void handleEvent(const host::WindowEvent& event) override {
+    if (const auto window = window_.lock()) window->handle(event);
+  }
+
+ private:
+  Weak<NSWindow> window_;
+};
+
+NSWindow::NSWindow(NSRect contentRect, NSWindowStyleMask styleMask, NSBackingStoreType, bool)
+    : styleMask_(styleMask),
+      frame_(clamped(contentRect)),
+      mouse_(std::make_unique<NSWindowMouseRouter>(*this)),
+      client_(std::make_unique<HostClient>(*this)) {}
+
+NSWindow::~NSWindow() = default;
+
+void NSWindow::didInit() {
+  NSResponder::didInit();
+  NSApplication::shared().addWindow(*this);
+  frameView_ = make<NSWindowFrameView>(*this);
+  frameView_->moveToWindow(this);
+  renderer_.setChangeHandler([this] { setNeedsCommit(); });
+  renderer_.setLayer(frameView_->layer());
+  adoptScale();
+  setContentView(nullptr);
+}
+
+// Content
+
+void NSWindow::setContentView(Ref<NSView> view) {
+  if (!view) view = make<NSView>();
+  if (view == contentView_) return;
+  if (const auto old = std::exchange(contentView_, view)) old->removeFromSuperview();
+  view->setFrame(frameView_->bounds());
+  view->setAutoresizingMask(NSViewWidthSizable | NSViewHeightSizable);
+  frameView_->addSubview(view);
+}
+
+void NSWindow::setTitle(std::string title) {
+  title_ = std::move(title);
+  if (hostWindow_) hostWindow_->setTitle(title_);
+}
+
+void NSWindow::setBackgroundColor(Ref<NSColor> color) {
+  backgroundColor_ = std::move(color);
+  frameView_->setNeedsDisplay(true);
+}
+
+void NSWindow::setAlphaValue(CGFloat alpha) {
+  alphaValue_ = std::isnan(alpha) ? 1 : std::clamp(alpha, 0.0, 1.0);
+  if (hostWindow_) hostWindow_->setOpacity(alphaValue_);
+}
+
+// Geometry
+
+void NSWindow::setFrame(NSRect frame, bool display) {
+  const NSRect wanted = clamped(frame);
+  if (hostWindow_) hostWindow_->setFrame(hostRect(NSScreenFlipped(wanted)));
+  adoptFrame(wanted);
+  if (display) displayIfNeeded();
+}
+
+void NSWindow::setContentSize(NSSize size) {
+  // The upper edge stays where the user has it.
+  setFrame({frame_.origin.x, frame_.origin.y + frame_.size.height - size.height, size.width, size.height});
+}
+
+void NSWindow::setContentSizeLimits(NSSize minimum, NSSize maximum) {
+  minimumSize_ = minimum;
+  maximumSize_ = maximum;
+  if (hostWindow_) {
+    hostWindow_->setSizeLimits({minimum.width, minimum.height}, {maximum.width, maximum.height});
+  }
+}
+
+void NSWindow::center() {
+  const NSRect area = NSScreen::main().visibleFrame;
+  setFrame({std::round(area.midX() - frame_.size.width / 2), std::round(area.midY() - frame_.size.height / 2),
+            frame_.size.width, frame_.size.height});
+}
+
+NSPoint NSWindow::convertPointToScreen(NSPoint point) const {
+  return {point.x + frame_.origin.x, point.y + frame_.origin.y};
+}
+
+NSPoint NSWindow::convertPointFromScreen(NSPoint point) const {
+  return {point.x - frame_.origin.x, point.y - frame_.origin.y};
+}
+
+CGFloat NSWindow::backingScaleFactor() const {
+  return hostWindow_ ? hostWindow_->scale() : NSScreen::main().backingScaleFactor;
+}
+
+void NSWindow::adoptFrame(NSRect frame) {
+  const NSRect old = std::exchange(frame_, frame);
+  if (frame.origin != old.origin) {
+    moveChildren({frame.origin.x - old.origin.x, frame.origin.y - old.origin.y});
+  }
+  if (frame.size == old.size) return;
+  frameView_->setFrame({{}, frame.size});
+  adoptScale();
+  NSNotificationCenter::default_().post(NSWindowDidResizeNotification, this);
+}
+
+void NSWindow::adoptScale() {
+  const CGFloat scale = backingScaleFactor();
+  const auto pixels = [scale](CGFloat points) {
+    return std::min(static_cast<int>(std::ceil(points * scale - 1e-6)), host::Bitmap::maxSide);
+  };
+  const auto size = hostWindow_ ? hostWindow_->pixelSize()
+                                : host::PixelSize{pixels(frame_.size.width), pixels(frame_.size.height)};
+  const bool scaleChanged = scale != renderer_.scale();
+  renderer_.setSize(size, scale);
+  if (scaleChanged) frameView_->scaleDidChange(scale);
+  setNeedsCommit();
+}
+
+void NSWindow::moveChildren(NSPoint by) {
+  const auto snapshot = children_;
+  for (const auto& child : snapshot) child->setFrame(NSOffsetRect(child->frame(), by.x, by.y));
+}
+
+// Order and keys
+
+void NSWindow::makeHostWindow() {
+  if (hostWindow_) return;
+  const auto has = [this](NSWindowStyleMask bit) { return (styleMask_ & bit) != 0; };
+  const auto parent = parent_.lock();
+  host::WindowOptions options;
+  options.titled = has(NSWindowStyleMaskTitled);
+  options.closable = has(NSWindowStyleMaskClosable);
+  options.miniaturizable = has(NSWindowStyleMaskMiniaturizable);
+  options.resizable = has(NSWindowStyleMaskResizable);
+  options.translucent = !opaque_;
+  options.acceptsFocus = canBecomeKey();
+  options.ignoresPointer = ignoresMouseEvents_;
+  options.parent = parent ? parent->hostWindow_.get() : nullptr;
+  options.frame = hostRect(NSScreenFlipped(frame_));
+  hostWindow_ = host::current().makeWindow(options, *client_);
+  hostWindow_->setTitle(title_);
+  hostWindow_->setOpacity(alphaValue_);
+  hostWindow_->setCursor(NSCursor::current()->shape());
+  setContentSizeLimits(minimumSize_, maximumSize_);
+  adoptScale();
+}
+
+void NSWindow::orderFront() {
+  const Ref<NSWindow> self(this);
+  makeHostWindow();
+  if (!std::exchange(visible_, true)) NSApplication::shared().keepOrderedIn(*this);
+  renderer_.setNeedsRenderAll();
+  hostWindow_->show();
+  hostWindow_->raise();
+  setNeedsCommit();
+}
+
+void NSWindow::orderOut() {
+  if (!std::exchange(visible_, false)) return;
+  const Ref<NSWindow> self(this);
+  const auto snapshot = children_;
+  for (const auto& child : snapshot) child->orderOut();
+  hostWindow_->hide();
+  NSApplication::shared().letGo(*this);
+}
+
+void NSWindow::makeKey() {
+  if (!visible_ || !canBecomeKey()) return;
+  const Ref<NSWindow> self(this);
+  hostWindow_->activate();
+  NSApplication::shared().setKeyWindow(this);
+}
+
+void NSWindow::makeKeyAndOrderFront() {
+  const Ref<NSWindow> self(this);
+  orderFront();
+  makeKey();
+}
+
+void NSWindow::close() {
+  if (!visible_ || std::exchange(closing_, true)) return;
+  const Ref<NSWindow> self(this);
+  NSNotificationCenter::default_().post(NSWindowWillCloseNotification, this);
+  orderOut();
+  closing_ = false;
+  NSApplication::shared().windowDidClose();
+}
+
+void NSWindow::performClose() { close(); }
+
+bool NSWindow::canBecomeKey() const {
+  return (styleMask_ & (NSWindowStyleMaskTitled | NSWindowStyleMaskResizable)) != 0;
+}
+
+bool NSWindow::isKeyWindow() const { return NSApplication::shared().keyWindow_.refersTo(this); }
+bool NSWindow::isMainWindow() const { return NSApplication::shared().mainWindow_.refersTo(this); }
+
+void NSWindow::becomeKey() { NSNotificationCenter::default_().post(NSWindowDidBecomeKeyNotification, this); }
+
+void NSWindow::resignKey() { NSNotificationCenter::default_().post(NSWindowDidResignKeyNotification, this); }
+
+void NSWindow::addChildWindow(Ref<NSWindow> child, NSWindowOrderingMode) {
+  if (!child || child.get() == this || child->parent_.refersTo(this)) return;
+  if (const auto old = child->parent()) old->removeChildWindow(*child);
+  child->parent_ = this;
+  children_.push_back(child);
+  if (visible_) child->orderFront();
+}
+
+void NSWindow::removeChildWindow(NSWindow& child) {
+  const Ref<NSWindow> keep(&child);
+  if (std::erase(children_, keep) > 0) child.parent_ = nullptr;
+}
+
+// Events
+
+Ref<NSResponder> NSWindow::firstResponder() const {
+  if (auto responder = firstResponder_.lock()) return responder;
+  return const_cast<NSWindow*>(this);
+}
+
+bool NSWindow::makeFirstResponder(NSResponder* responder) {
+  const Ref<NSWindow> self(this);
+  const Ref<NSResponder> next(responder);
+  const auto present = firstResponder();
+  if (present == next) return true;
+  if (!present->resignFirstResponder()) return false;
+  firstResponder_ = responder;
+  if (!next || next == this) {
+    firstResponder_ = nullptr;
+  } else if (!next->becomeFirstResponder() && firstResponder_.refersTo(responder)) {
+    firstResponder_ = nullptr;
+  }
+  return true;
+}
+
+void NSWindow::viewWillLeave(NSView& view) {
+  if (firstResponder_.refersTo(&view)) firstResponder_ = nullptr;
+}
+
+void NSWindow::selectKeyView(Ref<NSView> (NSView::*valid)() const) {
+  Ref<NSView> next;
+  if (const auto present = as<NSView>(firstResponder())) next = (present.get()->*valid)();
+  if (const auto initial = initialFirstResponder(); !next && initial) {
+    next = initial->acceptsFirstResponder() ? initial : (initial.get()->*valid)();
+  }
+  if (next) makeFirstResponder(next.get());
+}
+
+void NSWindow::selectNextKeyView() { selectKeyView(&NSView::nextValidKeyView); }
+void NSWindow::selectPreviousKeyView() { selectKeyView(&NSView::previousValidKeyView); }
+
+NSPoint NSWindow::mouseLocationOutsideOfEventStream() const {
+  if (!hostWindow_) return {};
+  const auto position = hostWindow_->pointerPosition();
+  return {position.x, frame_.size.height - position.y};
+}
+
+void NSWindow::sendEvent(NSEvent& event) {
+  const Ref<NSWindow> self(this);
+  switch (event.type()) {
+    case NSEventType::keyDown:
+      return firstResponder()->keyDown(event);
+    case NSEventType::keyUp:
+      return firstResponder()->keyUp(event);
+    case NSEventType::flagsChanged:
+      return firstResponder()->flagsChanged(event);
+    default:
+      return mouse_->send(event);
+  }
+}
+
+void NSWindow::keyDown(NSEvent& event) {
+  if (event.keyCode() != tabKeyCode) return NSResponder::keyDown(event);
+  if (event.hasModifier(NSEventModifierFlagShift)) {
+    selectPreviousKeyView();
+  } else {
+    selectNextKeyView();
+  }
+}
+
+bool NSWindow::performKeyEquivalent(NSEvent& event) { return frameView_->performKeyEquivalent(event); }
+
+void NSWindow::showCursor(const NSCursor& cursor) {
+  if (hostWindow_) hostWindow_->setCursor(cursor.shape());
+}
+
+// What the host reports
+
+void NSWindow::handle(const host::WindowEvent& event) {
+  if (const auto* pointer = std::get_if<host::PointerEvent>(&event)) return handlePointer(*pointer);
+  if (const auto* frame = std::get_if<host::FrameEvent>(&event)) return handleFrame(frame->frame);
+  if (const auto* focus = std::get_if<host::FocusEvent>(&event)) return handleFocus(focus->focused);
+  if (const auto* expose = std::get_if<host::ExposeEvent>(&event)) {
+    if (expose->exposed) renderer_.setNeedsRenderAll();
+    return setNeedsCommit();
+  }
+  if (std::holds_alternative<host::ScaleEvent>(event)) return adoptScale();
+  if (std::holds_alternative<host::CloseEvent>(event)) return performClose();
+  if (std::holds_alternative<host::DismissEvent>(event)) return orderOut();
+  if (const auto sent = NSEventFromHost(event, *this)) NSApplication::shared().sendEvent(*sent);
+}
+
+void NSWindow::handlePointer(const host::PointerEvent& event) {
+  if (const auto sent = NSEventFromHost(event, *this)) NSApplication::shared().sendEvent(*sent);
+}
+
+void NSWindow::handleFrame(const host::Rect& frame) {
+  adoptFrame(clamped(NSScreenFlipped({frame.x, frame.y, frame.width, frame.height})));
+}
+
+void NSWindow::handleFocus(bool focused) {
+  auto& application = NSApplication::shared();
+  if (focused && visible_ && canBecomeKey()) application.setKeyWindow(this);
+  if (!focused && isKeyWindow()) application.setKeyWindow(nullptr);
+}
+
+// Drawing
+
+void NSWindow::appearanceDidChange() { frameView_->appearanceDidChange(); }
+
+void NSWindow::layoutDirectionDidChange() { frameView_->layoutDirectionDidChange(); }
+
+void NSWindow::setNeedsCommit() { NSRunLoop::main().setNeedsTurn(); }
+
+void NSWindow::layoutIfNeeded() { frameView_->layoutSubtreeIfNeeded(); }
+
+void NSWindow::displayIfNeeded() {
+  const Ref<NSWindow> self(this);
+  layoutIfNeeded();
+  CATransaction::flush();
+  render();
+}
+
+void NSWindow::render() {
+  if (!visible_ || !renderer_.hasDamage()) return;
+  const auto damage = renderer_.render();
+  if (!damage.empty()) hostWindow_->present(renderer_.image(), damage);
+}
+
+}  // namespace bkuk

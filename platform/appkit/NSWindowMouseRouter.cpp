@@ -1,0 +1,58 @@
+#include "platform/appkit/NSWindowMouseRouter.h"
+
+#include <utility>
+
+#include "platform/appkit/NSWindow.h"
+
+namespace bkuk {
+
+void NSWindowMouseRouter::send(NSEvent& event) {
+  switch (event.type()) {
+    case NSEventType::leftMouseDown:
+      return press(event, leftTarget_, &NSResponder::mouseDown);
+    case NSEventType::rightMouseDown:
+      return press(event, rightTarget_, &NSResponder::rightMouseDown);
+    case NSEventType::leftMouseUp:
+      return release(event, leftTarget_, &NSResponder::mouseUp);
+    case NSEventType::rightMouseUp:
+      return release(event, rightTarget_, &NSResponder::rightMouseUp);
+    case NSEventType::leftMouseDragged:
+      if (const auto view = leftTarget_.lock()) view->mouseDragged(event);
+      return;
+    case NSEventType::rightMouseDragged:
+      if (const auto view = rightTarget_.lock()) view->rightMouseDragged(event);
+      return;
+    case NSEventType::mouseMoved:
+      if (window_.acceptsMouseMovedEvents()) window_.firstResponder()->mouseMoved(event);
+      return;
+    case NSEventType::scrollWheel:
+      if (const auto view = viewAt(event.locationInWindow())) view->scrollWheel(event);
+      return;
+    default:
+      return;
+  }
+}
+
+void NSWindowMouseRouter::press(NSEvent& event, Weak<NSView>& target, Operation operation) {
+  const bool bringsKey = !window_.isKeyWindow() && window_.canBecomeKey();
+  const auto view = viewAt(event.locationInWindow());
+  target = nullptr;
+  const Ref<NSWindow> keepWindow(&window_);
+  if (bringsKey) window_.makeKey();
+  if (!view || !view->window() || (bringsKey && !view->acceptsFirstMouse(event))) return;
+  target = view.get();
+  if (event.type() == NSEventType::leftMouseDown) focusByClick(*view);
+  (view.get()->*operation)(event);
+}
+
+void NSWindowMouseRouter::release(NSEvent& event, Weak<NSView>& target, Operation operation) {
+  if (const auto view = std::exchange(target, nullptr).lock()) (view.get()->*operation)(event);
+}
+
+void NSWindowMouseRouter::focusByClick(NSView& view) {
+  if (view.takesFocusOnClick() && window_.firstResponder() != &view) window_.makeFirstResponder(&view);
+}
+
+Ref<NSView> NSWindowMouseRouter::viewAt(NSPoint point) const { return window_.frameView_->hitTest(point); }
+
+}  // namespace bkuk
