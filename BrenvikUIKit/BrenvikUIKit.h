@@ -2,6 +2,12 @@
 
 // The whole kit, with the desktop platform that it stands on.
 
+#include "BrenvikUIKit/animation/BKUKAnimatable.h"
+#include "BrenvikUIKit/animation/BKUKAnimate.h"
+#include "BrenvikUIKit/animation/BKUKAnimationPhases.h"
+#include "BrenvikUIKit/animation/BKUKDontAnimate.h"
+#include "BrenvikUIKit/animation/BKUKLinearAnimationContext.h"
+#include "BrenvikUIKit/animation/BKUKLinearAnimator.h"
 #include "BrenvikUIKit/colour/BKUKAppAppearanceObserver.h"
 #include "BrenvikUIKit/colour/BKUKNSApplication+Extensions.h"
 #include "BrenvikUIKit/colour/BKUKNSColor+Extensions.h"

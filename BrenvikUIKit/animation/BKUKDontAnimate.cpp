@@ -1,0 +1,20 @@
+#include "BrenvikUIKit/animation/BKUKDontAnimate.h"
+
+#include "platform/appkit/NSAnimationContext.h"
+#include "platform/quartzcore/CATransaction.h"
+
+namespace bkuk {
+
+void BKUKDontAnimate(bool disableLayerAnimations, const std::function<void()>& block) {
+  if (disableLayerAnimations) {
+    CATransaction::begin();
+    CATransaction::setDisableActions(true);
+  }
+  NSAnimationContext::runAnimationGroup([&](NSAnimationContext& context) {
+    context.setAllowsImplicitAnimation(false);
+    block();
+  });
+  if (disableLayerAnimations) CATransaction::commit();
+}
+
+}  // namespace bkuk
