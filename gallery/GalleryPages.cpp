@@ -1,0 +1,28 @@
+#include "gallery/GalleryPage.h"
+#include "gallery/pages/AnimationPage.h"
+#include "gallery/pages/ColourRolesPage.h"
+#include "gallery/pages/FillsPage.h"
+#include "gallery/pages/ShapesPage.h"
+
+namespace bkuk::gallery {
+
+namespace {
+
+template <typename Page>
+Ref<GalleryPage> makePageOf() {
+  return make<Page>();
+}
+
+}  // namespace
+
+std::span<const GalleryPageEntry> galleryPages() {
+  static constexpr GalleryPageEntry pages[] = {
+      {"Colour roles", "colour-roles", makePageOf<ColourRolesPage>},
+      {"Shapes", "shapes", makePageOf<ShapesPage>},
+      {"Fills and shadows", "fills", makePageOf<FillsPage>},
+      {"Animation", "animation", makePageOf<AnimationPage>},
+  };
+  return pages;
+}
+
+}  // namespace bkuk::gallery

@@ -1,0 +1,42 @@
+#include "gallery/chrome/TextLabel.h"
+
+#include <utility>
+
+#include "gallery/brand/BrandFont.h"
+
+namespace bkuk::gallery {
+
+TextLabel::TextLabel(std::string text, Style style) : text_(std::move(text)), style_(std::move(style)) {
+  shape();
+}
+
+void TextLabel::shape() { line_ = make<CTLine>(NSString(text_), brandFont(style_.size, style_.weight)); }
+
+void TextLabel::setText(std::string text) {
+  if (text == text_) return;
+  text_ = std::move(text);
+  shape();
+  setNeedsDisplay(true);
+}
+
+void TextLabel::setColor(Color color) {
+  style_.color = std::move(color);
+  setNeedsDisplay(true);
+}
+
+CGFloat TextLabel::textWidth() const { return line_->width(); }
+
+CGFloat TextLabel::startOfLine() const {
+  const CGFloat rest = bounds().width() - line_->width();
+  if (style_.alignment == Alignment::center) return rest / 2;
+  const bool isRightToLeft = userInterfaceLayoutDirection() == NSUserInterfaceLayoutDirection::rightToLeft;
+  return (style_.alignment == Alignment::trailing) != isRightToLeft ? rest : 0;
+}
+
+void TextLabel::draw(NSRect) {
+  const CGFloat baseline = (bounds().height() + line_->ascent() - line_->descent()) / 2;
+  line_->draw(*NSGraphicsContext::current()->cgContext(), {startOfLine(), baseline},
+              *style_.color()->cgColor());
+}
+
+}  // namespace bkuk::gallery

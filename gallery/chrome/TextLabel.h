@@ -1,0 +1,42 @@
+#pragma once
+
+#include <string>
+
+#include "gallery/chrome/Palette.h"
+
+namespace bkuk::gallery {
+
+/// One line of text, vertically centred in its frame.
+class TextLabel : public NSView {
+ public:
+  enum class Alignment { leading, center, trailing };
+
+  struct Style {
+    CGFloat size = 13;  ///< points
+    int weight = 400;   ///< OpenType weight class
+    Color color;
+    Alignment alignment = Alignment::leading;
+  };
+
+  TextLabel(std::string text, Style style);
+
+  [[nodiscard]] const std::string& text() const { return text_; }
+  void setText(std::string text);
+  void setColor(Color color);
+
+  /// The width that the text needs, in points.
+  [[nodiscard]] CGFloat textWidth() const;
+
+  [[nodiscard]] bool isFlipped() const override { return true; }
+  void draw(NSRect dirtyRect) override;
+
+ private:
+  [[nodiscard]] CGFloat startOfLine() const;
+  void shape();
+
+  std::string text_;
+  Style style_;
+  Ref<CTLine> line_;
+};
+
+}  // namespace bkuk::gallery

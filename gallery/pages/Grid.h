@@ -1,0 +1,22 @@
+#pragma once
+
+#include <cstddef>
+
+#include "BrenvikUIKit/BrenvikUIKit.h"
+
+namespace bkuk::gallery {
+
+/// Equal cells in rows, as many columns as fit. Measured from the leading upper corner, in points.
+struct Grid {
+  CGFloat width = 0;      ///< of all columns together
+  CGFloat narrowest = 0;  ///< the least width of a cell
+  CGFloat cellHeight = 0;
+  CGFloat gap = 0;
+  std::size_t maxColumns = 1;
+
+  [[nodiscard]] std::size_t columns() const;
+  [[nodiscard]] NSRect cell(std::size_t index) const;
+  [[nodiscard]] CGFloat heightOf(std::size_t cells) const;
+};
+
+}  // namespace bkuk::gallery
