@@ -135,6 +135,7 @@ void NSApplication::commit() {
   for (std::size_t i = 0; i < orderedIn_.size(); ++i) {
     const Ref<NSWindow> window = orderedIn_[i];
     window->layoutIfNeeded();
+    window->updateTracking();
   }
   CATransaction::flush();
   for (std::size_t i = 0; i < orderedIn_.size(); ++i) {

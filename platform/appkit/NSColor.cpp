@@ -171,6 +171,9 @@ const Ref<NSColor>& NSColor::highlightColor() { return white(); }
 
 const Ref<NSColor>& NSColor::shadowColor() { return black(); }
 
+std::function<Ref<NSColor>()>& NSColor::keyboardFocusIndicatorColor =
+    *new std::function<Ref<NSColor>()>([] { return srgbRed(0.16, 0.5, 0.96, 0.9); });
+
 void NSColor::set() const {
   setFill();
   setStroke();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -53,6 +54,9 @@ class NSColor : public NSObject, public NSCoding {
   /// What `highlight` and `shadow` move towards: white and black.
   [[nodiscard]] static const Ref<NSColor>& highlightColor();
   [[nodiscard]] static const Ref<NSColor>& shadowColor();
+  /// The ring around the view that has the keyboard: asked whenever a ring is drawn. Assign a function to
+  /// give it the application's own colour.
+  static std::function<Ref<NSColor>()>& keyboardFocusIndicatorColor;
 
   /// What the colour is at this moment, in its own space.
   [[nodiscard]] virtual Ref<CGColor> cgColor() const = 0;

@@ -65,6 +65,11 @@ class NSEvent : public NSObject {
   explicit NSEvent(Fields fields);
   ~NSEvent() override;
 
+  // Events come by the hundred in a second and go at once: a few places for them are kept, so that
+  // dispatch allocates nothing. Main thread only.
+  [[nodiscard]] static void* operator new(std::size_t size);
+  static void operator delete(void* place, std::size_t size) noexcept;
+
   [[nodiscard]] NSEventType type() const { return fields_.type; }
   [[nodiscard]] const Ref<NSWindow>& window() const { return fields_.window; }
   [[nodiscard]] NSPoint locationInWindow() const { return fields_.locationInWindow; }

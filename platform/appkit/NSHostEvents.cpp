@@ -4,20 +4,20 @@
 
 namespace bkuk {
 
-namespace {
-
-constexpr NSPoint farOutside{-1e6, -1e6};
-
-NSEventModifierFlags flagsOf(const host::Modifiers& modifiers) {
+NSEventModifierFlags NSEventModifierFlagsFromHost(const host::Modifiers& modifiers) {
   return (modifiers.shift ? NSEventModifierFlagShift : 0) |
          (modifiers.control ? NSEventModifierFlagControl : 0) |
          (modifiers.option ? NSEventModifierFlagOption : 0) |
          (modifiers.command ? NSEventModifierFlagCommand : 0);
 }
 
-NSPoint baseLocation(const host::Point& point, const NSWindow& window) {
+NSPoint NSBaseLocation(const host::Point& point, const NSWindow& window) {
   return {point.x, window.frame().size.height - point.y};
 }
+
+namespace {
+
+constexpr NSPoint farOutside{-1e6, -1e6};
 
 std::optional<NSEventType> typeOf(const host::PointerEvent& event) {
   const bool isRight = event.button == host::PointerButton::right;
@@ -53,8 +53,8 @@ Ref<NSEvent> pointerEvent(const host::PointerEvent& event, NSWindow& window) {
   return make<NSEvent>(NSEvent::Fields{
       .type = *type,
       .window = &window,
-      .locationInWindow = isCancel ? farOutside : baseLocation(event.position, window),
-      .modifierFlags = flagsOf(event.modifiers),
+      .locationInWindow = isCancel ? farOutside : NSBaseLocation(event.position, window),
+      .modifierFlags = NSEventModifierFlagsFromHost(event.modifiers),
       .timestamp = event.timestamp,
       .clickCount = event.clickCount,
   });
@@ -64,8 +64,8 @@ Ref<NSEvent> wheelEvent(const host::WheelEvent& event, NSWindow& window) {
   return make<NSEvent>(NSEvent::Fields{
       .type = NSEventType::scrollWheel,
       .window = &window,
-      .locationInWindow = baseLocation(event.position, window),
-      .modifierFlags = flagsOf(event.modifiers),
+      .locationInWindow = NSBaseLocation(event.position, window),
+      .modifierFlags = NSEventModifierFlagsFromHost(event.modifiers),
       .timestamp = event.timestamp,
       .scrollingDeltaX = event.deltaX,
       .scrollingDeltaY = event.deltaY,
@@ -76,7 +76,7 @@ Ref<NSEvent> keyEvent(const host::KeyEvent& event, NSWindow& window) {
   return make<NSEvent>(NSEvent::Fields{
       .type = typeOf(event.kind),
       .window = &window,
-      .modifierFlags = flagsOf(event.modifiers),
+      .modifierFlags = NSEventModifierFlagsFromHost(event.modifiers),
       .timestamp = event.timestamp,
       .keyCode = event.keyCode,
       .characters = event.characters,

@@ -10,4 +10,8 @@ namespace bkuk {
 /// that it ends without being taken for a click.
 [[nodiscard]] Ref<NSEvent> NSEventFromHost(const host::WindowEvent& event, NSWindow& window);
 
+/// A host's position, from the upper left corner, in the window's base coordinates.
+[[nodiscard]] NSPoint NSBaseLocation(const host::Point& point, const NSWindow& window);
+[[nodiscard]] NSEventModifierFlags NSEventModifierFlagsFromHost(const host::Modifiers& modifiers);
+
 }  // namespace bkuk

@@ -8,6 +8,7 @@
 #include "platform/appkit/NSColor.h"
 #include "platform/appkit/NSGraphicsContext.h"
 #include "platform/appkit/NSShadow.h"
+#include "platform/appkit/NSTrackingArea.h"
 #include "platform/appkit/NSWindow.h"
 #include "platform/foundation/Fatal.h"
 #include "platform/quartzcore/Autoresizing.h"
@@ -36,6 +37,7 @@ NSView::NSView(NSRect frame) : frame_(frame) {}
 NSView::~NSView() {
   for (const auto& view : subviews_) {
     view->superview_ = nullptr;
+    view->superviewIsFlipped_ = false;
     if (view->layer_) view->layer_->removeFromSuperlayer();
   }
 }
@@ -69,9 +71,11 @@ void NSView::insert(Ref<NSView> view, std::size_t index) {
   const Ref<NSView> self(this);
   subviews_.insert(subviews_.begin() + static_cast<std::ptrdiff_t>(index), view);
   view->superview_ = this;
+  view->superviewIsFlipped_ = isFlipped();
   view->moveToWindow(window_.lock().get());
   if (view->superview_.refersTo(this)) adoptLayerOfSubview(*view);
   view->markLayoutUpwards();
+  view->markTrackingStale();
   view->viewDidMoveToSuperview();
 }
 
@@ -81,6 +85,7 @@ void NSView::removeFromSuperview() {
   const Ref<NSView> self(this);
   std::erase(parent->subviews_, self);
   superview_ = nullptr;
+  superviewIsFlipped_ = false;
   if (layer_) layer_->removeFromSuperlayer();
   moveToWindow(nullptr);
   dropLayerUnlessWanted();
@@ -105,6 +110,7 @@ void NSView::moveToWindow(NSWindow* window) {
   forTree([&](NSView& view) {
     view.window_ = window;
     if (window) {
+      window->viewDidEnter(view);
       view.makeLayer();
       view.layer_->setContentsScale(window->backingScaleFactor());
       view.setNeedsDisplay(true);
@@ -125,6 +131,7 @@ void NSView::setFrame(NSRect frame) {
   if (frame == frame_) return;
   const NSSize oldSize = std::exchange(frame_, frame).size;
   updateLayerGeometry();
+  markTrackingStale();
   if (frame.size == oldSize) return;
   if (autoresizesSubviews_) resizeSubviews(oldSize);
   setNeedsLayout(true);
@@ -137,38 +144,33 @@ void NSView::setBoundsOrigin(NSPoint origin) {
   if (origin == boundsOrigin_) return;
   boundsOrigin_ = origin;
   updateLayerGeometry();
+  markTrackingStale();
 }
 
-NSPoint NSView::toSuperview(NSPoint point) const {
-  const auto parent = superview_.lock();
-  const NSPoint local{point.x - boundsOrigin_.x, point.y - boundsOrigin_.y};
-  const bool turned = parent && parent->isFlipped() != isFlipped();
-  return {frame_.origin.x + local.x, frame_.origin.y + (turned ? frame_.size.height - local.y : local.y)};
+NSView::Placement NSView::placementInSuperview() const {
+  const bool isTurned = superview_.isAlive() && superviewIsFlipped_ != isFlipped();
+  const CGFloat x = frame_.origin.x - boundsOrigin_.x;
+  if (!isTurned) return {{x, frame_.origin.y - boundsOrigin_.y}, 1};
+  return {{x, frame_.origin.y + frame_.size.height + boundsOrigin_.y}, -1};
 }
 
-NSPoint NSView::fromSuperview(NSPoint point) const {
-  const auto parent = superview_.lock();
-  const NSPoint local{point.x - frame_.origin.x, point.y - frame_.origin.y};
-  const bool turned = parent && parent->isFlipped() != isFlipped();
-  return {boundsOrigin_.x + local.x, boundsOrigin_.y + (turned ? frame_.size.height - local.y : local.y)};
+NSView::Placement NSView::placementInWindow() const {
+  Placement placement = placementInSuperview();
+  for (auto each = superview_.lock(); each; each = each->superview_.lock()) {
+    const Placement outer = each->placementInSuperview();
+    placement = {outer.apply(placement.origin), outer.up * placement.up};
+  }
+  return placement;
 }
 
 NSPoint NSView::convertPointTo(NSPoint point, const NSView* view) const {
   if (view && view->window_.lock() != window_.lock()) fatal("The views are in different windows", unit);
-  Ref<const NSView> each(this);
-  while (each && each.get() != view) {
-    point = each->toSuperview(point);
-    each = each->superview_.lock();
-  }
-  return view && !each ? view->convertPointFrom(point, nullptr) : point;
+  const NSPoint base = placementInWindow().apply(point);
+  return view ? view->placementInWindow().undo(base) : base;
 }
 
 NSPoint NSView::convertPointFrom(NSPoint point, const NSView* view) const {
-  if (view) return view->convertPointTo(point, this);
-  std::vector<Ref<const NSView>> chain;
-  for (Ref<const NSView> each(this); each; each = each->superview_.lock()) chain.push_back(each);
-  for (auto each = chain.rbegin(); each != chain.rend(); ++each) point = (*each)->fromSuperview(point);
-  return point;
+  return view ? view->convertPointTo(point, this) : placementInWindow().undo(point);
 }
 
 NSRect NSView::convertRectTo(const NSRect& rect, const NSView* view) const {
@@ -203,12 +205,16 @@ void NSView::setUserInterfaceLayoutDirection(NSUserInterfaceLayoutDirection dire
 
 // Events
 
+bool NSView::mayHit(NSPoint pointInSuperview) const {
+  return !hidden_ && NSMouseInRect(pointInSuperview, frame_, superviewIsFlipped_);
+}
+
 Ref<NSView> NSView::hitTest(NSPoint point) {
-  const auto parent = superview_.lock();
-  if (hidden_ || !NSMouseInRect(point, frame_, parent && parent->isFlipped())) return nullptr;
-  const NSPoint local = fromSuperview(point);
+  if (!mayHit(point)) return nullptr;
+  const NSPoint local = placementInSuperview().undo(point);
   for (std::size_t i = subviews_.size(); i-- > 0;) {
-    if (i >= subviews_.size()) continue;  // an override below took views away
+    // An override below may have taken views away.
+    if (i >= subviews_.size() || !subviews_[i]->mayHit(local)) continue;
     const Ref<NSView> view = subviews_[i];
     if (auto hit = view->hitTest(local)) return hit;
   }
@@ -260,6 +266,8 @@ void NSView::setHidden(bool hidden) {
   if (hidden == hidden_) return;
   hidden_ = hidden;
   if (layer_) layer_->setHidden(hidden);
+  if (!hidden) markTrackingStale();
+  if (const auto window = window_.lock()) window->activityDidChange();
 }
 
 bool NSView::isHiddenOrHasHiddenAncestor() const {
@@ -354,7 +362,9 @@ void NSView::draw(NSRect) {}
 
 void NSView::setNeedsDisplay(bool needsDisplay) {
   needsDisplay_ = needsDisplay;
-  if (needsDisplay && layer_) layer_->setNeedsDisplay();
+  if (!needsDisplay) return;
+  if (layer_) layer_->setNeedsDisplay();
+  if (hasFocusRing_) noteFocusRingMaskChanged();
 }
 
 void NSView::scaleDidChange(CGFloat scale) {

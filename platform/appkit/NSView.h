@@ -13,6 +13,7 @@
 namespace bkuk {
 
 class NSShadow;
+class NSTrackingArea;
 class NSWindow;
 
 /// How a view follows its superview's size: a sum of the bits that say what may stretch.
@@ -33,6 +34,9 @@ enum class NSViewLayerContentsRedrawPolicy {
   beforeViewResize = 3,
   crossfade = 4,
 };
+
+/// Whether the platform shows that a view has the keyboard, and where.
+enum class NSFocusRingType { default_ = 0, none = 1, exterior = 2 };
 
 /// Where a subview is put among its siblings.
 enum class NSViewOrdering { below = -1, above = 1 };
@@ -77,6 +81,11 @@ class NSView : public NSResponder, public CALayerDelegate {
   [[nodiscard]] NSRect bounds() const { return {boundsOrigin_, frame_.size}; }
   /// Scrolls the content: moves what of the own space lies at the view's corner.
   void setBoundsOrigin(NSPoint origin);
+  /// What of the bounds no superview cuts off, in the own space.
+  [[nodiscard]] NSRect visibleRect() const;
+  /// Asks the nearest superview that scrolls to show `rect`, which is in the own space, moving its content
+  /// as little as possible. False when nothing had to move, or nothing scrolls.
+  virtual bool scrollToVisible(NSRect rect);
   /// Whether the own y axis runs down. Must answer the same for the life of the view.
   [[nodiscard]] virtual bool isFlipped() const { return false; }
 
@@ -99,6 +108,7 @@ class NSView : public NSResponder, public CALayerDelegate {
 
   /// The front-most view at `point`, which is in the superview's space (in the own without one); none
   /// when this view is hidden or the point is outside its frame.
+  /// A superview asks only those subviews in whose frame the point lies.
   [[nodiscard]] virtual Ref<NSView> hitTest(NSPoint point);
   /// Whether the press that brings the window to the keyboard is also this view's.
   [[nodiscard]] virtual bool acceptsFirstMouse(NSEvent&) const { return false; }
@@ -117,6 +127,30 @@ class NSView : public NSResponder, public CALayerDelegate {
   [[nodiscard]] Ref<NSView> nextValidKeyView() const;
   [[nodiscard]] Ref<NSView> previousValidKeyView() const;
   [[nodiscard]] virtual bool canBecomeKeyView() const;
+
+  // Tracking
+
+  /// In order of addition.
+  [[nodiscard]] const std::vector<Ref<NSTrackingArea>>& trackingAreas() const { return trackingAreas_; }
+  /// An area belongs to one view at a time; an absent one, or one that is here already, changes nothing.
+  void addTrackingArea(Ref<NSTrackingArea> area);
+  /// Nothing happens when the area is not here.
+  void removeTrackingArea(const Ref<NSTrackingArea>& area);
+  /// Called once in the commit pass after the view, or one that contains it, moved, was sized or scrolled,
+  /// was shown again or came into a window. Overrides that replace areas call the base too.
+  virtual void updateTrackingAreas() {}
+
+  // Focus ring
+
+  [[nodiscard]] NSFocusRingType focusRingType() const { return focusRingType_; }
+  void setFocusRingType(NSFocusRingType type);
+  /// Around what `drawFocusRingMask` fills, in the own space. Empty, as here, for no ring.
+  [[nodiscard]] virtual NSRect focusRingMaskBounds() { return {}; }
+  /// Fills, opaquely and in the own space, the shape around which the platform draws the ring while the
+  /// view is first responder of the key window. The bounds, unless overridden.
+  virtual void drawFocusRingMask();
+  /// To be called when the mask changed; a display or a new size of the view implies it.
+  void noteFocusRingMaskChanged();
 
   // Visibility
 
@@ -180,6 +214,7 @@ class NSView : public NSResponder, public CALayerDelegate {
 
  private:
   friend class NSApplication;
+  friend class NSFocusRing;
   friend class NSWindow;
 
   void insert(Ref<NSView> view, std::size_t index);
@@ -190,10 +225,21 @@ class NSView : public NSResponder, public CALayerDelegate {
   void updateLayerGeometry();
   void updateLayerShadow();
   void resizeSubviews(NSSize oldSize);
-  [[nodiscard]] NSPoint toSuperview(NSPoint point) const;
-  [[nodiscard]] NSPoint fromSuperview(NSPoint point) const;
+  /// How the own space lies in that of a superview, or in base coordinates: moved, and turned over or not.
+  struct Placement {
+    NSPoint origin;
+    CGFloat up = 1;
+    [[nodiscard]] NSPoint apply(NSPoint p) const { return {origin.x + p.x, origin.y + up * p.y}; }
+    [[nodiscard]] NSPoint undo(NSPoint p) const { return {p.x - origin.x, up * (p.y - origin.y)}; }
+  };
+  [[nodiscard]] Placement placementInSuperview() const;
+  [[nodiscard]] Placement placementInWindow() const;
   [[nodiscard]] Ref<NSView> validKeyView(Ref<NSView> (NSView::*next)() const) const;
   void markLayoutUpwards();
+  void markTrackingStale();
+  void updateTrackingInTree();
+  void refreshTracking();
+  [[nodiscard]] bool mayHit(NSPoint pointInSuperview) const;
   void scaleDidChange(CGFloat scale);
   void appearanceDidChange();
   void layoutDirectionDidChange();
@@ -216,7 +262,13 @@ class NSView : public NSResponder, public CALayerDelegate {
   std::optional<NSUserInterfaceLayoutDirection> direction_;
   NSAutoresizingMask autoresizingMask_ = NSViewNotSizable;
   NSViewLayerContentsRedrawPolicy redrawPolicy_ = NSViewLayerContentsRedrawPolicy::duringViewResize;
+  std::vector<Ref<NSTrackingArea>> trackingAreas_;
+  NSFocusRingType focusRingType_ = NSFocusRingType::default_;
   bool autoresizesSubviews_ = true;
+  bool superviewIsFlipped_ = false;
+  bool hasFocusRing_ = false;
+  bool trackingIsStale_ = true;
+  bool subtreeTrackingIsStale_ = true;
   bool hidden_ = false;
   bool wantsLayer_ = false;
   bool needsDisplay_ = true;

@@ -8,10 +8,13 @@
 #include "host/Host.h"
 #include "platform/appkit/NSApplication.h"
 #include "platform/appkit/NSCursor.h"
+#include "platform/appkit/NSFocusRing.h"
 #include "platform/appkit/NSHostEvents.h"
 #include "platform/appkit/NSScreen.h"
+#include "platform/appkit/NSViewOrder.h"
 #include "platform/appkit/NSWindowFrameView.h"
 #include "platform/appkit/NSWindowMouseRouter.h"
+#include "platform/appkit/NSWindowTracking.h"
 #include "platform/foundation/Fatal.h"
 #include "platform/foundation/NSRunLoop.h"
 #include "platform/quartzcore/CATransaction.h"
@@ -49,6 +52,8 @@ NSWindow::NSWindow(NSRect contentRect, NSWindowStyleMask styleMask, NSBackingSto
     : styleMask_(styleMask),
       frame_(clamped(contentRect)),
       mouse_(std::make_unique<NSWindowMouseRouter>(*this)),
+      tracking_(std::make_unique<NSWindowTracking>(*this)),
+      focusRing_(std::make_unique<NSFocusRing>(*this)),
       client_(std::make_unique<HostClient>(*this)) {}
 
 NSWindow::~NSWindow() = default;
@@ -149,6 +154,7 @@ void NSWindow::adoptScale() {
   const auto size = hostWindow_ ? hostWindow_->pixelSize()
                                 : host::PixelSize{pixels(frame_.size.width), pixels(frame_.size.height)};
   const bool scaleChanged = scale != renderer_.scale();
+  if (scaleChanged) focusRing_->setNeedsUpdate();
   renderer_.setSize(size, scale);
   if (scaleChanged) frameView_->scaleDidChange(scale);
   setNeedsCommit();
@@ -230,12 +236,22 @@ bool NSWindow::canBecomeKey() const {
   return (styleMask_ & (NSWindowStyleMaskTitled | NSWindowStyleMaskResizable)) != 0;
 }
 
+bool NSWindow::becomesKeyByClick(const NSView*) const { return true; }
+
 bool NSWindow::isKeyWindow() const { return NSApplication::shared().keyWindow_.refersTo(this); }
 bool NSWindow::isMainWindow() const { return NSApplication::shared().mainWindow_.refersTo(this); }
 
-void NSWindow::becomeKey() { NSNotificationCenter::default_().post(NSWindowDidBecomeKeyNotification, this); }
+void NSWindow::becomeKey() {
+  activityDidChange();
+  focusRing_->setNeedsUpdate();
+  NSNotificationCenter::default_().post(NSWindowDidBecomeKeyNotification, this);
+}
 
-void NSWindow::resignKey() { NSNotificationCenter::default_().post(NSWindowDidResignKeyNotification, this); }
+void NSWindow::resignKey() {
+  activityDidChange();
+  focusRing_->setNeedsUpdate();
+  NSNotificationCenter::default_().post(NSWindowDidResignKeyNotification, this);
+}
 
 void NSWindow::addChildWindow(Ref<NSWindow> child, NSWindowOrderingMode) {
   if (!child || child.get() == this || child->parent_.refersTo(this)) return;
@@ -269,20 +285,40 @@ bool NSWindow::makeFirstResponder(NSResponder* responder) {
   } else if (!next->becomeFirstResponder() && firstResponder_.refersTo(responder)) {
     firstResponder_ = nullptr;
   }
+  firstResponderDidChange();
   return true;
 }
 
-void NSWindow::viewWillLeave(NSView& view) {
-  if (firstResponder_.refersTo(&view)) firstResponder_ = nullptr;
+void NSWindow::firstResponderDidChange() {
+  activityDidChange();
+  focusRing_->setNeedsUpdate();
 }
 
 void NSWindow::selectKeyView(Ref<NSView> (NSView::*valid)() const) {
+  if (autorecalculatesKeyViewLoop_ && keyViewLoopIsStale_) recalculateKeyViewLoop();
   Ref<NSView> next;
   if (const auto present = as<NSView>(firstResponder())) next = (present.get()->*valid)();
   if (const auto initial = initialFirstResponder(); !next && initial) {
     next = initial->acceptsFirstResponder() ? initial : (initial.get()->*valid)();
   }
+  if (!next && autorecalculatesKeyViewLoop_) next = endOfLoop(valid);
   if (next) makeFirstResponder(next.get());
+}
+
+// Where the keyboard enters a loop that nobody has entered yet.
+Ref<NSView> NSWindow::endOfLoop(Ref<NSView> (NSView::*valid)() const) const {
+  const auto order = NSViewsInReadingOrder(*frameView_);
+  if (order.empty()) return nullptr;
+  const bool isForward = valid == &NSView::nextValidKeyView;
+  const auto& end = isForward ? order.front() : order.back();
+  return end->canBecomeKeyView() ? end : (end.get()->*valid)();
+}
+
+void NSWindow::recalculateKeyViewLoop() {
+  keyViewLoopIsStale_ = false;
+  const auto order = NSViewsInReadingOrder(*frameView_);
+  for (std::size_t i = 0; i < order.size(); ++i)
+    order[i]->setNextKeyView(order[(i + 1) % order.size()].get());
 }
 
 void NSWindow::selectNextKeyView() { selectKeyView(&NSView::nextValidKeyView); }
@@ -340,7 +376,26 @@ void NSWindow::handle(const host::WindowEvent& event) {
 }
 
 void NSWindow::handlePointer(const host::PointerEvent& event) {
-  if (const auto sent = NSEventFromHost(event, *this)) NSApplication::shared().sendEvent(*sent);
+  using Kind = host::PointerEvent::Kind;
+  const Ref<NSWindow> self(this);
+  // An area that waits for the end of a drag hears of the pointer after the view of the press has.
+  const bool isEnd = event.kind == Kind::release || event.kind == Kind::cancel;
+  if (!isEnd) followPointer(event);
+  const auto sent = event.kind == Kind::leave ? nullptr : NSEventFromHost(event, *this);
+  if (sent) NSApplication::shared().sendEvent(*sent);
+  if (isEnd) followPointer(event);
+}
+
+void NSWindow::followPointer(const host::PointerEvent& event) {
+  using Kind = host::PointerEvent::Kind;
+  const bool isEnd = event.kind == Kind::release || event.kind == Kind::cancel;
+  tracking_->follow({
+      .location = NSBaseLocation(event.position, *this),
+      .isInWindow = event.kind != Kind::leave,
+      .isButtonDown = !isEnd && event.button != host::PointerButton::none,
+      .modifierFlags = NSEventModifierFlagsFromHost(event.modifiers),
+      .timestamp = event.timestamp,
+  });
 }
 
 void NSWindow::handleFrame(const host::Rect& frame) {
@@ -353,9 +408,44 @@ void NSWindow::handleFocus(bool focused) {
   if (!focused && isKeyWindow()) application.setKeyWindow(nullptr);
 }
 
+// What views tell their window
+
+void NSWindow::viewDidEnter(NSView& view) {
+  keyViewLoopIsStale_ = true;
+  for (const auto& area : view.trackingAreas()) tracking_->add(view, *area);
+}
+
+void NSWindow::viewWillLeave(NSView& view) {
+  keyViewLoopIsStale_ = true;
+  for (const auto& area : view.trackingAreas()) tracking_->remove(*area);
+  if (!firstResponder_.refersTo(&view)) return;
+  firstResponder_ = nullptr;
+  firstResponderDidChange();
+}
+
+void NSWindow::trackingAreaWasAdded(NSView& view, NSTrackingArea& area) { tracking_->add(view, area); }
+
+void NSWindow::trackingAreaWasRemoved(NSTrackingArea& area) { tracking_->remove(area); }
+
+void NSWindow::trackingAreaHasMoved(const NSTrackingArea& area) { tracking_->updateRect(area); }
+
+void NSWindow::activityDidChange() {
+  activityIsStale_ = true;
+  setNeedsCommit();
+}
+
+void NSWindow::focusRingDidChange(const NSView& view) {
+  if (!firstResponder_.refersTo(&view)) return;
+  focusRing_->setNeedsUpdate();
+  setNeedsCommit();
+}
+
 // Drawing
 
-void NSWindow::appearanceDidChange() { frameView_->appearanceDidChange(); }
+void NSWindow::appearanceDidChange() {
+  focusRing_->setNeedsUpdate();
+  frameView_->appearanceDidChange();
+}
 
 void NSWindow::layoutDirectionDidChange() { frameView_->layoutDirectionDidChange(); }
 
@@ -363,9 +453,17 @@ void NSWindow::setNeedsCommit() { NSRunLoop::main().setNeedsTurn(); }
 
 void NSWindow::layoutIfNeeded() { frameView_->layoutSubtreeIfNeeded(); }
 
+void NSWindow::updateTracking() {
+  const Ref<NSWindow> self(this);
+  frameView_->updateTrackingInTree();
+  if (std::exchange(activityIsStale_, false)) tracking_->refresh();
+  focusRing_->updateIfNeeded();
+}
+
 void NSWindow::displayIfNeeded() {
   const Ref<NSWindow> self(this);
   layoutIfNeeded();
+  updateTracking();
   CATransaction::flush();
   render();
 }

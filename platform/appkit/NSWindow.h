@@ -13,7 +13,10 @@
 namespace bkuk {
 
 class NSCursor;
+class NSFocusRing;
+class NSTrackingArea;
 class NSWindowMouseRouter;
+class NSWindowTracking;
 
 /// What a window is made of; a sum of bits.
 using NSWindowStyleMask = unsigned;
@@ -103,6 +106,8 @@ class NSWindow : public NSResponder {
 
   [[nodiscard]] virtual bool canBecomeKey() const;
   [[nodiscard]] virtual bool canBecomeMain() const { return canBecomeKey(); }
+  /// Whether a press on `view`, absent for none, makes a window that can become key do so.
+  [[nodiscard]] virtual bool becomesKeyByClick(const NSView* view) const;
   [[nodiscard]] bool isKeyWindow() const;
   [[nodiscard]] bool isMainWindow() const;
   /// Called when the window became, or is no longer, the one that has the keyboard.
@@ -133,6 +138,12 @@ class NSWindow : public NSResponder {
   void setInitialFirstResponder(NSView* view) { initialFirstResponder_ = view; }
   void selectNextKeyView();
   void selectPreviousKeyView();
+  /// Whether the loop of key views is made anew, in reading order, after views came or went; false at
+  /// first. That happens when a key view is next asked for, and overwrites what views were linked to.
+  [[nodiscard]] bool autorecalculatesKeyViewLoop() const { return autorecalculatesKeyViewLoop_; }
+  void setAutorecalculatesKeyViewLoop(bool recalculates) { autorecalculatesKeyViewLoop_ = recalculates; }
+  /// Links all views that may take the keyboard, in reading order, to a closed loop.
+  void recalculateKeyViewLoop();
 
   [[nodiscard]] bool acceptsMouseMovedEvents() const { return acceptsMouseMoved_; }
   void setAcceptsMouseMovedEvents(bool accepts) { acceptsMouseMoved_ = accepts; }
@@ -163,8 +174,10 @@ class NSWindow : public NSResponder {
  private:
   friend class NSApplication;
   friend class NSCursor;
+  friend class NSFocusRing;
   friend class NSView;
   friend class NSWindowMouseRouter;
+  friend class NSWindowTracking;
   class HostClient;
 
   void makeHostWindow();
@@ -179,8 +192,20 @@ class NSWindow : public NSResponder {
   void appearanceDidChange();
   void layoutDirectionDidChange();
   void render();
+  void updateTracking();
+  void followPointer(const host::PointerEvent& event);
+
+  // What views tell their window.
+  void viewDidEnter(NSView& view);
   void viewWillLeave(NSView& view);
+  void trackingAreaWasAdded(NSView& view, NSTrackingArea& area);
+  void trackingAreaWasRemoved(NSTrackingArea& area);
+  void trackingAreaHasMoved(const NSTrackingArea& area);
+  void activityDidChange();
+  void focusRingDidChange(const NSView& view);
   void selectKeyView(Ref<NSView> (NSView::*valid)() const);
+  [[nodiscard]] Ref<NSView> endOfLoop(Ref<NSView> (NSView::*valid)() const) const;
+  void firstResponderDidChange();
 
   const NSWindowStyleMask styleMask_;
   std::string title_;
@@ -202,7 +227,12 @@ class NSWindow : public NSResponder {
   Weak<NSWindow> parent_;
   std::vector<Ref<NSWindow>> children_;
   CARenderer renderer_;
+  bool autorecalculatesKeyViewLoop_ = false;
+  bool keyViewLoopIsStale_ = true;
+  bool activityIsStale_ = false;
   std::unique_ptr<NSWindowMouseRouter> mouse_;
+  std::unique_ptr<NSWindowTracking> tracking_;
+  std::unique_ptr<NSFocusRing> focusRing_;
   std::unique_ptr<HostClient> client_;
   std::unique_ptr<host::Window> hostWindow_;  // last: it goes first, and with it the calls to the client
 };

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "platform/appkit/NSWindow.h"
+#include "platform/appkit/NSWindowTracking.h"
 
 namespace bkuk {
 
@@ -23,8 +24,11 @@ void NSWindowMouseRouter::send(NSEvent& event) {
       if (const auto view = rightTarget_.lock()) view->rightMouseDragged(event);
       return;
     case NSEventType::mouseMoved:
-      if (window_.acceptsMouseMovedEvents()) window_.firstResponder()->mouseMoved(event);
-      return;
+      return move(event);
+    case NSEventType::mouseEntered:
+    case NSEventType::mouseExited:
+    case NSEventType::cursorUpdate:
+      return NSWindowTracking::deliver(event);
     case NSEventType::scrollWheel:
       if (const auto view = viewAt(event.locationInWindow())) view->scrollWheel(event);
       return;
@@ -33,11 +37,16 @@ void NSWindowMouseRouter::send(NSEvent& event) {
   }
 }
 
+void NSWindowMouseRouter::move(NSEvent& event) {
+  window_.tracking_->sendMoved(event);
+  if (window_.acceptsMouseMovedEvents()) window_.firstResponder()->mouseMoved(event);
+}
+
 void NSWindowMouseRouter::press(NSEvent& event, Weak<NSView>& target, Operation operation) {
-  const bool bringsKey = !window_.isKeyWindow() && window_.canBecomeKey();
   const auto view = viewAt(event.locationInWindow());
+  const bool bringsKey =
+      !window_.isKeyWindow() && window_.canBecomeKey() && window_.becomesKeyByClick(view.get());
   target = nullptr;
-  const Ref<NSWindow> keepWindow(&window_);
   if (bringsKey) window_.makeKey();
   if (!view || !view->window() || (bringsKey && !view->acceptsFirstMouse(event))) return;
   target = view.get();

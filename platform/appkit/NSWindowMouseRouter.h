@@ -16,6 +16,7 @@ class NSWindowMouseRouter {
  private:
   using Operation = void (NSResponder::*)(NSEvent&);
 
+  void move(NSEvent& event);
   void press(NSEvent& event, Weak<NSView>& target, Operation operation);
   void release(NSEvent& event, Weak<NSView>& target, Operation operation);
   void focusByClick(NSView& view);

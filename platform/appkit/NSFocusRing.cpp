@@ -1,0 +1,137 @@
+#include "platform/appkit/NSFocusRing.h"
+
+#include <algorithm>
+#include <cmath>
+#include <span>
+#include <utility>
+#include <vector>
+
+#include "platform/appkit/NSColor.h"
+#include "platform/appkit/NSGraphicsContext.h"
+#include "platform/appkit/NSWindow.h"
+#include "platform/coregraphics/CGColor.h"
+#include "platform/coregraphics/GaussianBlur.h"
+#include "platform/quartzcore/CALayerContents.h"
+
+namespace bkuk {
+
+namespace {
+
+constexpr CGFloat ringWidth = 3;  // points
+constexpr CGFloat inFront = 1e6;  // of every view
+
+CGRect wholePixels(const CGRect& rect, CGFloat scale) {
+  return CGRect{rect.minX() * scale, rect.minY() * scale, rect.width() * scale, rect.height() * scale}
+      .integral();
+}
+
+// A blur of the ring's width takes the coverage of a straight edge to this where the ring ends, and there
+// it falls by `slope` in a distance of one width: the normal distribution and its density at 1.
+constexpr double coverageAtEnd = 0.1587;
+constexpr double slopeAtEnd = 0.2420;
+
+// How much of a pixel the ring covers, from the mask's coverage there, blurred and not, both of 255. The
+// ring's outer edge is one pixel soft.
+double ringCoverage(std::uint8_t blurred, std::uint8_t mask, double widthInPixels) {
+  const double pixelsInside = (blurred / 255.0 - coverageAtEnd) * widthInPixels / slopeAtEnd;
+  return std::clamp(pixelsInside + 0.5, 0.0, 1.0) * (1 - mask / 255.0);
+}
+
+std::uint32_t premultiplied(const host::Rgba& color, double coverage) {
+  const double alpha = color.alpha * coverage;
+  const auto part = [alpha](double component) {
+    return static_cast<std::uint32_t>(std::lround(std::clamp(component, 0.0, 1.0) * alpha * 255));
+  };
+  return static_cast<std::uint32_t>(std::lround(alpha * 255)) << 24 | part(color.red) << 16 |
+         part(color.green) << 8 | part(color.blue);
+}
+
+}  // namespace
+
+struct NSFocusRing::Area {
+  NSRect pixels;  // base coordinates times the scale
+  CGFloat scale;
+
+  [[nodiscard]] NSRect points() const {
+    return {pixels.minX() / scale, pixels.minY() / scale, pixels.width() / scale, pixels.height() / scale};
+  }
+};
+
+Ref<NSView> NSFocusRing::viewToRing() const {
+  const auto view = as<NSView>(window_.firstResponder());
+  if (!view || !window_.isKeyWindow() || view->focusRingType() == NSFocusRingType::none) return nullptr;
+  return view->isHiddenOrHasHiddenAncestor() ? nullptr : view;
+}
+
+void NSFocusRing::hide() {
+  if (const auto view = view_.lock()) view->hasFocusRing_ = false;
+  view_ = nullptr;
+  if (layer_) layer_->removeFromSuperlayer();
+  layer_ = nullptr;
+}
+
+void NSFocusRing::updateIfNeeded() {
+  if (!std::exchange(isStale_, false)) return;
+  const auto view = viewToRing();
+  if (!view) return hide();
+  if (const auto old = view_.lock()) old->hasFocusRing_ = false;
+  view_ = view.get();
+  view->hasFocusRing_ = true;
+  const NSRect mask = view->focusRingMaskBounds().intersection(view->visibleRect());
+  if (mask.isEmpty()) {
+    if (layer_) layer_->setHidden(true);
+    return;
+  }
+  show(*view, mask);
+}
+
+void NSFocusRing::show(NSView& view, const NSRect& mask) {
+  const Ref<NSWindow> keepWindow(&window_);
+  const CGFloat scale = window_.backingScaleFactor();
+  // One pixel more than the ring is wide: its edge is soft.
+  const CGFloat margin = ringWidth + 1 / scale;
+  const NSRect around = view.convertRectTo(mask, nullptr).insetBy(-margin, -margin);
+  const NSRect shown = around.intersection({{}, window_.frame().size});
+  if (shown.isEmpty()) return;
+  const Area area{wholePixels(shown, scale), scale};
+  auto contents = make<CALayerContents>(drawRing(view, area), scale);
+  if (!layer_) {
+    layer_ = make<CALayer>();
+    layer_->setZPosition(inFront);
+    window_.contentView()->superview()->layer()->addSublayer(layer_);
+  }
+  layer_->setHidden(false);
+  layer_->setFrame(area.points());
+  layer_->setContents(contents);
+}
+
+host::Bitmap NSFocusRing::drawRing(NSView& view, const Area& area) const {
+  host::Bitmap image({static_cast<int>(area.pixels.width()), static_cast<int>(area.pixels.height())});
+  if (image.isEmpty()) return image;
+  const CGFloat scale = area.scale;
+  const CGAffineTransform toPixels{scale, 0, 0, -scale, -area.pixels.minX(), area.pixels.maxY()};
+  {
+    const auto context = make<CGContext>(image, toPixels);
+    const NSPoint origin = view.convertPointTo({0, 0}, nullptr);
+    const NSPoint up = view.convertPointTo({0, 1}, nullptr);
+    context->concatenate({1, 0, 0, up.y - origin.y, origin.x, origin.y});
+    context->setFillColor(NSColor::black()->cgColor());
+    context->setStrokeColor(NSColor::black()->cgColor());
+    const NSGraphicsContextScope scope(make<NSGraphicsContext>(context, view.isFlipped()));
+    view.drawFocusRingMask();
+  }
+  const auto color = NSColor::keyboardFocusIndicatorColor()->cgColor()->rgba();
+  const auto [width, height] = image.size();
+  const std::span pixels(image.pixels(), static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
+  std::vector<std::uint8_t> mask(pixels.size());
+  std::ranges::transform(pixels, mask.begin(),
+                         [](auto pixel) { return static_cast<std::uint8_t>(pixel >> 24); });
+  auto blurred = mask;
+  gaussianBlur(blurred, width, height, ringWidth * scale);
+  for (std::size_t i = 0; i < pixels.size(); ++i) {
+    pixels[i] = premultiplied(color, ringCoverage(blurred[i], mask[i], ringWidth * scale));
+  }
+  return image;
+}
+
+}  // namespace bkuk

@@ -1,0 +1,147 @@
+#include "platform/appkit/NSWindowTracking.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/appkit/NSApplication.h"
+#include "platform/appkit/NSViewOrder.h"
+#include "platform/appkit/NSWindow.h"
+
+namespace bkuk {
+
+namespace {
+
+constexpr NSPoint farOutside{-1e6, -1e6};
+
+NSRect baseRectOf(const NSTrackingArea& area, const NSView& view) {
+  const NSRect rect = area.has(NSTrackingInVisibleRect) ? view.visibleRect() : area.rect();
+  return view.convertRectTo(rect, nullptr);
+}
+
+}  // namespace
+
+void NSWindowTracking::add(NSView& view, NSTrackingArea& area) {
+  area.place_ = entries_.size();
+  entries_.push_back({.area = &area, .isInside = false});
+  area.view_ = &view;
+  updateRect(area);
+  auto& entry = entries_.back();
+  entry.isInside = area.has(NSTrackingAssumeInside) || isUnderPointer(entry);
+}
+
+void NSWindowTracking::remove(NSTrackingArea& area) {
+  const auto place = std::exchange(area.place_, NSTrackingArea::nowhere);
+  if (place == NSTrackingArea::nowhere) return;
+  entries_[place] = entries_.back();
+  entries_.pop_back();
+  if (place < entries_.size()) entries_[place].area->place_ = place;
+}
+
+void NSWindowTracking::updateRect(const NSTrackingArea& area) {
+  const auto view = area.view_.lock();
+  if (!view || area.place_ == NSTrackingArea::nowhere) return;
+  const NSRect rect = baseRectOf(area, *view);
+  auto& entry = entries_[area.place_];
+  entry.minX = rect.minX();
+  entry.minY = rect.minY();
+  entry.maxX = rect.maxX();
+  entry.maxY = rect.maxY();
+}
+
+bool NSWindowTracking::isActive(const NSTrackingArea& area) const {
+  const auto view = area.view_.lock();
+  if (!view || view->isHiddenOrHasHiddenAncestor()) return false;
+  if (area.has(NSTrackingActiveAlways)) return true;
+  if (area.has(NSTrackingActiveInActiveApp)) return NSApplication::shared().isActive();
+  if (area.has(NSTrackingActiveInKeyWindow)) return window_.isKeyWindow();
+  return window_.firstResponder() == view;
+}
+
+bool NSWindowTracking::isUnderPointer(const Entry& entry) const {
+  return pointer_.isInWindow && entry.contains(pointer_.location) && isActive(*entry.area);
+}
+
+void NSWindowTracking::collect(Areas& exited, Areas& entered) {
+  const NSPoint location = pointer_.isInWindow ? pointer_.location : farOutside;
+  for (auto& entry : entries_) {
+    const bool isOver = entry.contains(location);
+    if (!isOver && !entry.isInside) continue;
+    auto& area = *entry.area;
+    const bool isInside = isOver && isActive(area);
+    if (isInside == entry.isInside) continue;
+    const bool waitsForRelease = pointer_.isButtonDown && !area.has(NSTrackingEnabledDuringMouseDrag);
+    if (isInside && waitsForRelease) continue;
+    entry.isInside = isInside;
+    (isInside ? entered : exited).push_back(&area);
+  }
+}
+
+void NSWindowTracking::follow(const Pointer& pointer) {
+  pointer_ = pointer;
+  const Ref<NSWindow> keepWindow(&window_);
+  // A report may end in another move, so the lists belong to this call; it gives their memory back.
+  auto exited = std::exchange(spareExited_, {});
+  auto entered = std::exchange(spareEntered_, {});
+  collect(exited, entered);
+  const auto isBehind = [](const auto& a, const auto& b) {
+    const auto first = a->view_.lock();
+    const auto second = b->view_.lock();
+    return first && second && NSViewIsBehind(*first, *second);
+  };
+  if (exited.size() > 1) std::stable_sort(exited.rbegin(), exited.rend(), isBehind);
+  if (entered.size() > 1) std::stable_sort(entered.begin(), entered.end(), isBehind);
+  for (const auto& area : exited) send(NSEventType::mouseExited, *area);
+  for (const auto& area : entered) send(NSEventType::mouseEntered, *area);
+  for (const auto& area : entered) send(NSEventType::cursorUpdate, *area);
+  exited.clear();
+  entered.clear();
+  spareExited_ = std::move(exited);
+  spareEntered_ = std::move(entered);
+}
+
+void NSWindowTracking::send(NSEventType type, const NSTrackingArea& area) const {
+  const auto wanted =
+      type == NSEventType::cursorUpdate ? NSTrackingCursorUpdate : NSTrackingMouseEnteredAndExited;
+  const auto view = area.view_.lock();
+  // Taken away meanwhile, or hidden: neither is told.
+  if (area.place_ == NSTrackingArea::nowhere || !area.has(wanted) || !view) return;
+  if (view->isHiddenOrHasHiddenAncestor()) return;
+  const auto event = make<NSEvent>(NSEvent::Fields{
+      .type = type,
+      .window = &window_,
+      .locationInWindow = pointer_.location,
+      .modifierFlags = pointer_.modifierFlags,
+      .timestamp = pointer_.timestamp,
+      .trackingArea = const_cast<NSTrackingArea*>(&area),
+  });
+  NSApplication::shared().sendEvent(*event);
+}
+
+void NSWindowTracking::deliver(NSEvent& event) {
+  const auto area = as<NSTrackingArea>(event.trackingArea());
+  const auto owner = area ? area->owner() : nullptr;
+  if (!owner) return;
+  switch (event.type()) {
+    case NSEventType::mouseEntered:
+      return owner->mouseEntered(event);
+    case NSEventType::mouseExited:
+      return owner->mouseExited(event);
+    case NSEventType::cursorUpdate:
+      return owner->cursorUpdate(event);
+    default:
+      return;
+  }
+}
+
+void NSWindowTracking::sendMoved(NSEvent& event) {
+  Areas areas;
+  for (const auto& entry : entries_) {
+    if (entry.isInside && entry.area->has(NSTrackingMouseMoved)) areas.push_back(entry.area);
+  }
+  for (const auto& area : areas) {
+    const auto owner = area->owner();
+    if (owner && area->place_ != NSTrackingArea::nowhere) owner->mouseMoved(event);
+  }
+}
+
+}  // namespace bkuk
