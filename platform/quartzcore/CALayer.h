@@ -21,6 +21,7 @@ namespace bkuk {
 
 class CAAnimation;
 class CALayerDelegate;
+class SublayerIndex;
 class CARenderer;
 
 /// Corners of a layer's bounds, in its own bounds space: MinY is the lower edge where y points up.
@@ -352,6 +353,13 @@ class CALayer : public NSObject {
     host::PixelRect subtree;  // with sublayers
     host::PixelRect left;     // where layers that have gone since were
     bool shadowFollowsBelow = false;
+    std::shared_ptr<const SublayerIndex> sublayers;  // of layers with many
+  };
+  /// The sublayers that are marked, so that finding one of a thousand does not ask them all. Each stands here
+  /// once, and as long as its mark.
+  struct MarkedSublayers {
+    std::vector<CALayer*> commitBelow;
+    std::vector<CALayer*> renderBelow;
   };
   struct Extras;
 
@@ -380,6 +388,7 @@ class CALayer : public NSObject {
   CALayerDelegate* delegate_ = nullptr;
   Weak<NSObject> delegateObject_;
   std::vector<Ref<CALayer>> sublayers_;
+  MarkedSublayers marked_;
   std::unique_ptr<Extras> extras_;  // what few layers have
   std::string name_;
   Marks marks_;

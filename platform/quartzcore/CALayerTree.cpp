@@ -81,7 +81,9 @@ void CALayer::attach(CALayer& layer, bool asMask) {
   layer.isMask_ = asMask;
   layer.marks_.renderBelow = false;
   layer.markRender(Effect::rearrange);
-  if (layer.marks_.commitBelow) markCommit();
+  if (!layer.marks_.commitBelow) return;
+  if (!asMask) marked_.commitBelow.push_back(&layer);
+  markCommit();
 }
 
 void CALayer::detachFromContainer() {
@@ -94,6 +96,8 @@ void CALayer::detachFromContainer() {
     return;
   }
   container.sublayers_.erase(placeOf(container.sublayers_, *this));
+  if (marks_.commitBelow) std::erase(container.marked_.commitBelow, this);
+  if (marks_.renderBelow) std::erase(container.marked_.renderBelow, this);
   container.record_.left = unite(container.record_.left, record_.subtree);
   record_ = {};
   container.markRender(container.record_.shadowFollowsBelow ? Effect::rearrange : Effect::none);
@@ -118,7 +122,10 @@ void CALayer::setMask(const Ref<CALayer>& mask) {
 void CALayer::markCommit() {
   for (auto* layer = this; !layer->marks_.commitBelow; layer = layer->container_) {
     layer->marks_.commitBelow = true;
-    if (layer->container_) continue;
+    if (auto* container = layer->container_) {
+      if (!layer->isMask_) container->marked_.commitBelow.push_back(layer);
+      continue;
+    }
     if (layer->renderer_) layer->renderer_->treeDidChange();
     return;
   }
@@ -134,6 +141,7 @@ void CALayer::markRender(Effect effect) {
       if (layer->renderer_) layer->renderer_->treeDidChange();
       return;
     }
+    if (!layer->isMask_) container->marked_.renderBelow.push_back(layer);
     if (layer->isMask_ || container->record_.shadowFollowsBelow) container->marks_.rearrange = true;
   }
 }

@@ -14,6 +14,7 @@ class LayerAccess {
 
   static const Values& values(const CALayer& layer) { return layer.values_; }
   static Marks& marks(CALayer& layer) { return layer.marks_; }
+  static CALayer::MarkedSublayers& marked(CALayer& layer) { return layer.marked_; }
   static Record& record(CALayer& layer) { return layer.record_; }
   static CALayer* container(const CALayer& layer) { return layer.container_; }
   static CARenderer* renderer(const CALayer& layer) { return layer.renderer_; }

@@ -10,14 +10,31 @@ namespace {
 
 using Layers = std::vector<Ref<CALayer>>;
 
-// So that the first sublayer is taken next, and the mask after all of them.
-void pushMarkedBelow(const CALayer& layer, Layers& stack) {
-  const auto push = [&](const Ref<CALayer>& below) {
-    if (LayerAccess::marks(*below).commitBelow) stack.push_back(below);
-  };
-  if (layer.mask()) push(layer.mask());
+// The marked sublayers stand in the order of their marks; this brings them into that of the tree.
+void sortMarked(CALayer& layer) {
+  auto& marked = LayerAccess::marked(layer).commitBelow;
+  if (marked.size() < 2) return;
+  constexpr std::size_t few = 8;
   const auto& sublayers = layer.sublayers();
-  std::for_each(sublayers.rbegin(), sublayers.rend(), push);
+  if (marked.size() <= few) {
+    const auto place = [&](const CALayer* each) {
+      return std::ranges::find(sublayers, each, &Ref<CALayer>::get);
+    };
+    std::ranges::sort(marked, {}, place);
+    return;
+  }
+  marked.clear();
+  for (const auto& sublayer : sublayers) {
+    if (LayerAccess::marks(*sublayer).commitBelow) marked.push_back(sublayer.get());
+  }
+}
+
+// The mask is taken after all sublayers.
+void pushMarkedBelow(CALayer& layer, Layers& stack) {
+  if (layer.mask() && LayerAccess::marks(*layer.mask()).commitBelow) stack.push_back(layer.mask());
+  sortMarked(layer);
+  const auto& marked = LayerAccess::marked(layer).commitBelow;
+  stack.insert(stack.end(), marked.rbegin(), marked.rend());
 }
 
 void layoutIfMarked(CALayer& layer) {
@@ -40,6 +57,7 @@ Layers takeMarks(CALayer& root, Layers& stillUnlaid) {
     if (marks.layout) stillUnlaid.push_back(layer);
     if (marks.display) toDisplay.push_back(layer);
     pushMarkedBelow(*layer, stack);
+    LayerAccess::marked(*layer).commitBelow.clear();
   }
   return toDisplay;
 }

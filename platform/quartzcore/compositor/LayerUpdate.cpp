@@ -5,6 +5,7 @@
 #include "platform/quartzcore/LayerAccess.h"
 #include "platform/quartzcore/LayerGeometry.h"
 #include "platform/quartzcore/compositor/LayerShadow.h"
+#include "platform/quartzcore/compositor/SublayerIndex.h"
 
 namespace bkuk {
 
@@ -19,7 +20,9 @@ void clearMarksBelow(CALayer& top) {
     if (!marks.renderBelow) continue;
     marks.renderBelow = marks.repaint = marks.rearrange = false;
     if (layer.mask()) stack.push_back(layer.mask().get());
-    for (const auto& sublayer : layer.sublayers()) stack.push_back(sublayer.get());
+    auto& marked = LayerAccess::marked(layer).renderBelow;
+    stack.insert(stack.end(), marked.begin(), marked.end());
+    marked.clear();
   }
 }
 
@@ -56,7 +59,15 @@ struct LayerUpdate::Visit {
   bool wholly;          // everything below moved along
   bool repaints;
   bool isFlipped;
+  bool sublayersMoved = false;
   std::size_t next = 0;
+
+  // All sublayers of what moved as a whole, else those that are marked.
+  [[nodiscard]] CALayer* nextSublayer() {
+    if (wholly) return next < layer->sublayers().size() ? layer->sublayers()[next++].get() : nullptr;
+    const auto& marked = LayerAccess::marked(*layer).renderBelow;
+    return next < marked.size() ? marked[next++] : nullptr;
+  }
 };
 
 LayerUpdate::LayerUpdate(const PixelRect& image, double time, DamageRegion& damage)
@@ -68,17 +79,15 @@ void LayerUpdate::run(CALayer& root, const CGAffineTransform& toDevice) {
   enter(root, toDevice, image_, false, false);
   while (!visits_.empty()) {
     auto& visit = visits_.back();
-    const auto& sublayers = visit.layer->sublayers();
-    if (visit.next == sublayers.size()) {
+    auto* sublayer = visit.nextSublayer();
+    if (!sublayer) {
       leave(visit);
       visits_.pop_back();
       continue;
     }
-    auto& sublayer = *sublayers[visit.next++];
-    if (!visit.wholly && !LayerAccess::marks(sublayer).renderBelow) continue;
     // Entering may move the visits.
     const auto parentToDevice = visit.box.toDevice;
-    enter(sublayer, parentToDevice, visit.innerClip, visit.wholly, visit.isFlipped);
+    enter(*sublayer, parentToDevice, visit.innerClip, visit.wholly, visit.isFlipped);
   }
 }
 
@@ -101,6 +110,7 @@ void LayerUpdate::enter(CALayer& layer, const CGAffineTransform& parentToDevice,
 void LayerUpdate::leaveInvisible(CALayer& layer) {
   auto& record = LayerAccess::record(layer);
   record.own = record.subtree = {};
+  if (!visits_.empty()) visits_.back().sublayersMoved = true;
   auto& marks = LayerAccess::marks(layer);
   // What is below it keeps its marks until it can be seen again, which rearranges it all.
   marks.repaint = marks.rearrange = marks.renderBelow = false;
@@ -112,6 +122,10 @@ void LayerUpdate::leave(Visit& visit) {
   const auto oldSubtree = record.subtree;
   const bool followedBelow = record.shadowFollowsBelow;
   updateRects(visit);
+  LayerAccess::marked(*visit.layer).renderBelow.clear();
+  if (visits_.size() > 1 && (visit.wholly || record.subtree != oldSubtree)) {
+    visits_[visits_.size() - 2].sublayersMoved = true;
+  }
   const bool shadowChangedKind = followedBelow != record.shadowFollowsBelow;
   const bool isInside = visits_.size() > 1 && visits_[visits_.size() - 2].wholly;
   if (visit.wholly || shadowChangedKind) {
@@ -123,9 +137,22 @@ void LayerUpdate::leave(Visit& visit) {
   }
 }
 
+PixelRect LayerUpdate::updateBelow(const Visit& visit) {
+  auto& index = LayerAccess::record(*visit.layer).sublayers;
+  const auto count = visit.layer->sublayers().size();
+  if (count < SublayerIndex::worthwhileCount) {
+    index = nullptr;
+    return pixelsBelow(*visit.layer);
+  }
+  if (!index || visit.sublayersMoved || index->count() != count) {
+    index = std::make_shared<SublayerIndex>(*visit.layer);
+  }
+  return index->bounds();
+}
+
 void LayerUpdate::updateRects(Visit& visit) {
   auto& record = LayerAccess::record(*visit.layer);
-  const auto below = pixelsBelow(*visit.layer);
+  const auto below = updateBelow(visit);
   const auto painted = paintedRect(*visit.shown, visit.box);
   const auto shadow = LayerShadow::of(*visit.shown, visit.box, *visit.layer, visit.isFlipped);
   const auto content = unite(painted, below);

@@ -24,6 +24,7 @@ class LayerUpdate {
              bool isFlipped);
   void leave(Visit& visit);
   void leaveInvisible(CALayer& layer);
+  PixelRect updateBelow(const Visit& visit);
   void updateRects(Visit& visit);
 
   PixelRect image_;

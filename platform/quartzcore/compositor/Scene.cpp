@@ -9,6 +9,7 @@
 #include "platform/quartzcore/LayerGeometry.h"
 #include "platform/quartzcore/compositor/LayerUpdate.h"
 #include "platform/quartzcore/compositor/OccluderStack.h"
+#include "platform/quartzcore/compositor/SublayerIndex.h"
 
 namespace bkuk {
 
@@ -237,18 +238,23 @@ void Scene::listInside(const Place& place, double alpha) {
 }
 
 void Scene::pushSublayers(const Place& place, double alpha) {
-  order_.clear();
-  appendInPaintingOrder(place.layer, order_);
   const auto visible = intersect(place.clip, place.area);
-  for (auto sublayer = order_.rbegin(); sublayer != order_.rend(); ++sublayer) {
-    if (!place.isInMask && !intersects(LayerAccess::record(**sublayer).subtree, visible)) continue;
-    steps_.push_back({.layer = *sublayer,
+  const auto push = [&](CALayer& sublayer) {
+    steps_.push_back({.layer = &sublayer,
                       .parentToDevice = boxes_[place.box].toDevice,
                       .clip = place.clip,
                       .area = place.area,
                       .alpha = alpha,
                       .isFlipped = place.isFlipped,
                       .isInMask = place.isInMask});
+  };
+  const auto& index = LayerAccess::record(place.layer).sublayers;
+  if (index && !place.isInMask) return index->forTouching(visible, push);
+  order_.clear();
+  appendInPaintingOrder(place.layer, order_);
+  for (auto sublayer = order_.rbegin(); sublayer != order_.rend(); ++sublayer) {
+    const bool mayShow = place.isInMask || intersects(LayerAccess::record(**sublayer).subtree, visible);
+    if (mayShow) push(**sublayer);
   }
 }
 
