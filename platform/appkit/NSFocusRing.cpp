@@ -12,6 +12,7 @@
 #include "platform/coregraphics/CGColor.h"
 #include "platform/coregraphics/GaussianBlur.h"
 #include "platform/quartzcore/CALayerContents.h"
+#include "platform/quartzcore/CATransaction.h"
 
 namespace bkuk {
 
@@ -95,6 +96,8 @@ void NSFocusRing::show(NSView& view, const NSRect& mask) {
   if (shown.isEmpty()) return;
   const Area area{wholePixels(shown, scale), scale};
   auto contents = make<CALayerContents>(drawRing(view, area), scale);
+  CATransaction::begin();
+  CATransaction::setDisableActions(true);
   if (!layer_) {
     layer_ = make<CALayer>();
     layer_->setZPosition(inFront);
@@ -103,6 +106,7 @@ void NSFocusRing::show(NSView& view, const NSRect& mask) {
   layer_->setHidden(false);
   layer_->setFrame(area.points());
   layer_->setContents(contents);
+  CATransaction::commit();
 }
 
 host::Bitmap NSFocusRing::drawRing(NSView& view, const Area& area) const {

@@ -52,7 +52,9 @@ void NSView::addSubview(Ref<NSView> view) { addSubview(std::move(view), NSViewOr
 
 void NSView::addSubview(Ref<NSView> view, NSViewOrdering positioned, const NSView* sibling) {
   if (!view) trap();
-  if (isDescendantOf(*view)) fatal("A view cannot be added to itself or to one of its own subviews", unit);
+  // A view without subviews contains nothing but itself.
+  const bool wouldContainItself = view == this || (!view->subviews_.empty() && isDescendantOf(*view));
+  if (wouldContainItself) fatal("A view cannot be added to itself or to one of its own subviews", unit);
   const Ref<NSView> keepSibling(const_cast<NSView*>(sibling));
   if (view.get() == sibling) return;
   if (view->superview_.isAlive() && view->window_.lock() != window_.lock()) view->removeFromSuperview();

@@ -72,18 +72,32 @@ class ReadingOrder {
   }
 
   void sort(std::vector<std::size_t>& siblings) {
-    const auto rect = [this](std::size_t stop) -> const NSRect& { return stops_[stop].rect; };
-    std::ranges::stable_sort(siblings, [&](auto a, auto b) { return rect(a).maxY() > rect(b).maxY(); });
-    for (auto row = siblings.begin(); row != siblings.end();) {
-      const NSRect first = rect(*row);
-      const auto end = std::stable_partition(
-          row, siblings.end(), [&](auto stop) { return sharesRow(first, rect(stop)) || stop == *row; });
-      std::stable_sort(row, end, [&](auto a, auto b) {
+    const auto isHigher = [this](auto a, auto b) { return rect(a).maxY() > rect(b).maxY(); };
+    std::ranges::stable_sort(siblings, isHigher);
+    std::vector<std::size_t> rest = std::exchange(siblings, {});
+    while (!rest.empty()) {
+      auto row = takeRow(rest);
+      std::ranges::stable_sort(row, [this](auto a, auto b) {
         return isRightToLeft_ ? rect(a).maxX() > rect(b).maxX() : rect(a).minX() < rect(b).minX();
       });
-      row = end;
+      siblings.insert(siblings.end(), row.begin(), row.end());
     }
   }
+
+  // A high view beside two rows of others belongs to the upper one: a row's views all share it.
+  [[nodiscard]] std::vector<std::size_t> takeRow(std::vector<std::size_t>& stops) const {
+    std::vector<std::size_t> row;
+    std::vector<std::size_t> rest;
+    for (const auto stop : stops) {
+      const bool joins =
+          std::ranges::all_of(row, [&](auto member) { return sharesRow(rect(member), rect(stop)); });
+      (joins ? row : rest).push_back(stop);
+    }
+    stops = std::move(rest);
+    return row;
+  }
+
+  [[nodiscard]] const NSRect& rect(std::size_t stop) const { return stops_[stop].rect; }
 
   std::vector<Stop> stops_;
   std::vector<std::size_t> outermost_;

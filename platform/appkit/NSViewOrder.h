@@ -12,7 +12,7 @@ namespace bkuk {
 /// The views below `root` that may take the keyboard, or that are controls which may when they are
 /// enabled, in the order in which a reader meets them: by their upper corners in rows from the top, in a
 /// row from the leading side. Two views share a row when their heights overlap by more than half of the
-/// lesser height. What lies inside a view follows it.
+/// lesser height, and all views of a row do. What lies inside a view follows it.
 [[nodiscard]] std::vector<Ref<NSView>> NSViewsInReadingOrder(NSView& root);
 
 }  // namespace bkuk

@@ -381,7 +381,8 @@ void NSWindow::handlePointer(const host::PointerEvent& event) {
   // An area that waits for the end of a drag hears of the pointer after the view of the press has.
   const bool isEnd = event.kind == Kind::release || event.kind == Kind::cancel;
   if (!isEnd) followPointer(event);
-  const auto sent = event.kind == Kind::leave ? nullptr : NSEventFromHost(event, *this);
+  const bool isCrossing = event.kind == Kind::enter || event.kind == Kind::leave;
+  const auto sent = isCrossing ? nullptr : NSEventFromHost(event, *this);
   if (sent) NSApplication::shared().sendEvent(*sent);
   if (isEnd) followPointer(event);
 }
@@ -417,6 +418,7 @@ void NSWindow::viewDidEnter(NSView& view) {
 
 void NSWindow::viewWillLeave(NSView& view) {
   keyViewLoopIsStale_ = true;
+  mouse_->forget(view);
   for (const auto& area : view.trackingAreas()) tracking_->remove(*area);
   if (!firstResponder_.refersTo(&view)) return;
   firstResponder_ = nullptr;

@@ -37,6 +37,11 @@ void NSWindowMouseRouter::send(NSEvent& event) {
   }
 }
 
+void NSWindowMouseRouter::forget(const NSView& view) {
+  if (leftTarget_.refersTo(&view)) leftTarget_ = nullptr;
+  if (rightTarget_.refersTo(&view)) rightTarget_ = nullptr;
+}
+
 void NSWindowMouseRouter::move(NSEvent& event) {
   window_.tracking_->sendMoved(event);
   if (window_.acceptsMouseMovedEvents()) window_.firstResponder()->mouseMoved(event);

@@ -12,6 +12,8 @@ class NSWindowMouseRouter {
   explicit NSWindowMouseRouter(NSWindow& window) : window_(window) {}
 
   void send(NSEvent& event);
+  /// A view that is taken out of the window hears no more of a press that went to it.
+  void forget(const NSView& view);
 
  private:
   using Operation = void (NSResponder::*)(NSEvent&);

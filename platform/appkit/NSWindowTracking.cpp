@@ -22,30 +22,31 @@ NSRect baseRectOf(const NSTrackingArea& area, const NSView& view) {
 
 void NSWindowTracking::add(NSView& view, NSTrackingArea& area) {
   area.place_ = entries_.size();
-  entries_.push_back({.area = &area, .isInside = false});
+  entries_.push_back({.box = {}, .area = &area, .isInside = false});
   area.view_ = &view;
+  if (area.has(NSTrackingMouseMoved)) ++moveListenerCount_;
   updateRect(area);
   auto& entry = entries_.back();
   entry.isInside = area.has(NSTrackingAssumeInside) || isUnderPointer(entry);
+  groupsAreStale_ = true;
 }
 
 void NSWindowTracking::remove(NSTrackingArea& area) {
   const auto place = std::exchange(area.place_, NSTrackingArea::nowhere);
   if (place == NSTrackingArea::nowhere) return;
+  if (area.has(NSTrackingMouseMoved)) --moveListenerCount_;
   entries_[place] = entries_.back();
   entries_.pop_back();
   if (place < entries_.size()) entries_[place].area->place_ = place;
+  groupsAreStale_ = true;
 }
 
 void NSWindowTracking::updateRect(const NSTrackingArea& area) {
   const auto view = area.view_.lock();
   if (!view || area.place_ == NSTrackingArea::nowhere) return;
   const NSRect rect = baseRectOf(area, *view);
-  auto& entry = entries_[area.place_];
-  entry.minX = rect.minX();
-  entry.minY = rect.minY();
-  entry.maxX = rect.maxX();
-  entry.maxY = rect.maxY();
+  entries_[area.place_].box = {rect.minX(), rect.minY(), rect.maxX(), rect.maxY()};
+  groupsAreStale_ = true;
 }
 
 bool NSWindowTracking::isActive(const NSTrackingArea& area) const {
@@ -58,22 +59,50 @@ bool NSWindowTracking::isActive(const NSTrackingArea& area) const {
 }
 
 bool NSWindowTracking::isUnderPointer(const Entry& entry) const {
-  return pointer_.isInWindow && entry.contains(pointer_.location) && isActive(*entry.area);
+  return pointer_.isInWindow && entry.box.contains(pointer_.location) && isActive(*entry.area);
+}
+
+void NSWindowTracking::Box::add(const Box& other) {
+  minX = std::min(minX, other.minX);
+  minY = std::min(minY, other.minY);
+  maxX = std::max(maxX, other.maxX);
+  maxY = std::max(maxY, other.maxY);
+}
+
+void NSWindowTracking::makeGroups() {
+  if (!std::exchange(groupsAreStale_, false)) return;
+  groups_.clear();
+  for (std::size_t i = 0; i < entries_.size(); ++i) {
+    const auto& entry = entries_[i];
+    if (i % groupLength == 0) groups_.push_back({entry.box, 0});
+    groups_.back().box.add(entry.box);
+    groups_.back().insideCount += entry.isInside;
+  }
 }
 
 void NSWindowTracking::collect(Areas& exited, Areas& entered) {
+  makeGroups();
   const NSPoint location = pointer_.isInWindow ? pointer_.location : farOutside;
-  for (auto& entry : entries_) {
-    const bool isOver = entry.contains(location);
-    if (!isOver && !entry.isInside) continue;
-    auto& area = *entry.area;
-    const bool isInside = isOver && isActive(area);
-    if (isInside == entry.isInside) continue;
-    const bool waitsForRelease = pointer_.isButtonDown && !area.has(NSTrackingEnabledDuringMouseDrag);
-    if (isInside && waitsForRelease) continue;
-    entry.isInside = isInside;
-    (isInside ? entered : exited).push_back(&area);
+  for (std::size_t i = 0; i < groups_.size(); ++i) {
+    auto& group = groups_[i];
+    if (group.insideCount == 0 && !group.box.contains(location)) continue;
+    const std::size_t end = std::min((i + 1) * groupLength, entries_.size());
+    for (std::size_t next = i * groupLength; next < end; ++next) {
+      auto& entry = entries_[next];
+      if (entry.isInside || entry.box.contains(location)) collect(entry, group, exited, entered);
+    }
   }
+}
+
+void NSWindowTracking::collect(Entry& entry, Group& group, Areas& exited, Areas& entered) {
+  auto& area = *entry.area;
+  const bool isInside = isUnderPointer(entry);
+  if (isInside == entry.isInside) return;
+  const bool waitsForRelease = pointer_.isButtonDown && !area.has(NSTrackingEnabledDuringMouseDrag);
+  if (isInside && waitsForRelease) return;
+  entry.isInside = isInside;
+  group.insideCount += isInside ? 1 : -1;
+  (isInside ? entered : exited).push_back(&area);
 }
 
 void NSWindowTracking::follow(const Pointer& pointer) {
@@ -134,6 +163,7 @@ void NSWindowTracking::deliver(NSEvent& event) {
 }
 
 void NSWindowTracking::sendMoved(NSEvent& event) {
+  if (moveListenerCount_ == 0) return;
   Areas areas;
   for (const auto& entry : entries_) {
     if (entry.isInside && entry.area->has(NSTrackingMouseMoved)) areas.push_back(entry.area);

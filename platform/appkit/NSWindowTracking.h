@@ -12,8 +12,8 @@ class NSWindow;
 /// Follows the pointer over the tracking areas of one window and reports to their owners. Owned by its
 /// window, which tells it of every move; views tell it of their areas.
 ///
-/// The areas lie in a flat list in base coordinates, so that a move looks at each with four comparisons,
-/// and at views and owners only where something changed.
+/// The areas lie in a flat list in base coordinates, in groups with a box around each, so that a move looks
+/// at few of them, and at views and owners only where something changed.
 class NSWindowTracking {
  public:
   /// Where the pointer is and what is held.
@@ -45,25 +45,41 @@ class NSWindowTracking {
   static void deliver(NSEvent& event);
 
  private:
-  struct Entry {
+  // In base coordinates the upper edge is inside and the lower is not, whichever way the view's y runs.
+  struct Box {
     CGFloat minX, minY, maxX, maxY;
-    NSTrackingArea* area;  // in the list of a view of this window, which keeps it
-    bool isInside;
 
     [[nodiscard]] bool contains(NSPoint p) const {
       return p.x >= minX && p.x < maxX && p.y > minY && p.y <= maxY;
     }
+    void add(const Box& other);
   };
+  struct Entry {
+    Box box;
+    NSTrackingArea* area;  // in the list of a view of this window, which keeps it
+    bool isInside;
+  };
+  // As many neighbours in the list, which mostly are neighbours on the screen.
+  struct Group {
+    Box box;
+    int insideCount;
+  };
+  static constexpr std::size_t groupLength = 32;
   using Areas = std::vector<Ref<NSTrackingArea>>;
 
   [[nodiscard]] bool isActive(const NSTrackingArea& area) const;
   [[nodiscard]] bool isUnderPointer(const Entry& entry) const;
   void send(NSEventType type, const NSTrackingArea& area) const;
+  void makeGroups();
   void collect(Areas& exited, Areas& entered);
+  void collect(Entry& entry, Group& group, Areas& exited, Areas& entered);
 
   NSWindow& window_;
   Pointer pointer_;
   std::vector<Entry> entries_;
+  std::vector<Group> groups_;
+  bool groupsAreStale_ = false;
+  std::size_t moveListenerCount_ = 0;  // areas that ask for moves
   Areas spareExited_;
   Areas spareEntered_;
 };

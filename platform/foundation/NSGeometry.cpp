@@ -2,12 +2,6 @@
 
 namespace bkuk {
 
-bool NSMouseInRect(NSPoint point, const NSRect& rect, bool flipped) {
-  if (point.x < rect.minX() || point.x >= rect.maxX()) return false;
-  return flipped ? point.y >= rect.minY() && point.y < rect.maxY()
-                 : point.y > rect.minY() && point.y <= rect.maxY();
-}
-
 bool NSPointInRect(NSPoint point, const NSRect& rect) { return NSMouseInRect(point, rect, true); }
 
 NSRect NSInsetRect(const NSRect& rect, CGFloat dx, CGFloat dy) {

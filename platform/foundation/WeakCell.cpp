@@ -1,18 +1,18 @@
 #include "platform/foundation/WeakCell.h"
 
+#include <thread>
+
 #include "platform/foundation/NSObject.h"
 
 namespace bkuk {
 
+// Held for a few instructions, so that whoever finds it taken only steps aside for a moment.
 class WeakCell::Lock {
  public:
   explicit Lock(std::atomic_flag& busy) noexcept : busy_(busy) {
-    while (busy_.test_and_set(std::memory_order_acquire)) busy_.wait(true, std::memory_order_relaxed);
+    while (busy_.test_and_set(std::memory_order_acquire)) std::this_thread::yield();
   }
-  ~Lock() {
-    busy_.clear(std::memory_order_release);
-    busy_.notify_one();
-  }
+  ~Lock() { busy_.clear(std::memory_order_release); }
   Lock(const Lock&) = delete;
   Lock& operator=(const Lock&) = delete;
 
