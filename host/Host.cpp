@@ -48,6 +48,8 @@ std::unique_ptr<Host> install(std::unique_ptr<Host> host) {
   return previous;
 }
 
+Host* currentIfAny() { return slot().get(); }
+
 void wake() {
   const std::lock_guard lock(slotMutex());
   if (slot()) slot()->wake();

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "host/Accessibility.h"
 #include "host/Appearance.h"
 #include "host/Canvas.h"
 #include "host/Text.h"
@@ -89,6 +90,15 @@ class Host {
   [[nodiscard]] virtual TextDirection layoutDirection() const = 0;
   [[nodiscard]] virtual bool isFullKeyboardAccessEnabled() const = 0;
   [[nodiscard]] virtual SystemVersion systemVersion() const = 0;
+
+  // Assistive clients
+
+  /// Where the host reads what it tells assistive clients. `tree` must outlive the host.
+  virtual void setAccessibilityTree(AccessibilityTree* tree) = 0;
+  /// Whether changes are worth telling: false while no assistive client can listen. A cached answer.
+  [[nodiscard]] virtual bool hasAssistiveClient() const = 0;
+  /// Tells the assistive clients of a change. The host may read the tree meanwhile, and changes nothing.
+  virtual void announce(const AccessibilityChange& change) = 0;
 };
 
 /// The process's host. Made by `makeDesktopHost` on first use unless `install` came before; lives
@@ -98,6 +108,9 @@ class Host {
 /// Makes `host` the process's host and answers the one before, which the caller may put back; an
 /// absent host makes the next `current()` build the desktop's. Must not be called while windows live.
 std::unique_ptr<Host> install(std::unique_ptr<Host> host);
+
+/// The process's host if there is one already; makes none.
+[[nodiscard]] Host* currentIfAny();
 
 /// Calls `observer` with every host that becomes the process's from now on, and at once with the
 /// present one if there is one: whoever registers itself with the host does it there.

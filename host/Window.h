@@ -3,6 +3,7 @@
 #include <span>
 #include <string_view>
 
+#include "host/Accessibility.h"
 #include "host/Bitmap.h"
 #include "host/Events.h"
 #include "host/Geometry.h"
@@ -34,6 +35,9 @@ class WindowClient {
  public:
   virtual ~WindowClient() = default;
   virtual void handleEvent(const WindowEvent& event) = 0;
+  /// The window's own element, for the host to read the others from; 0 for a window without any. Asked at any
+  /// time, and only while an assistive client listens.
+  [[nodiscard]] virtual AccessibilityId accessibilityElement() { return 0; }
 };
 
 /// A window of the desktop, hidden when made. Destroying it closes it and drops its queued events.

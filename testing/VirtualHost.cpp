@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "host/qt/QtDrawing.h"
+#include "testing/VirtualScreenReader.h"
 
 namespace bkuk {
 
@@ -115,6 +116,10 @@ std::unique_ptr<host::Window> VirtualHost::makeWindow(const host::WindowOptions&
 
 std::unique_ptr<host::Canvas> VirtualHost::makeCanvas(host::Bitmap& bitmap) {
   return host::makeRasterCanvas(bitmap);
+}
+
+void VirtualHost::announce(const host::AccessibilityChange& change) {
+  if (screenReader_) screenReader_->changes_.push_back(change);
 }
 
 // --- for its windows

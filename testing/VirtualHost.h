@@ -14,6 +14,8 @@
 
 namespace bkuk {
 
+class VirtualScreenReader;
+
 /// A desktop for tests: its clock moves only when told, its windows render into images, its pointer and
 /// keyboard are driven by calls. Drawing and text are the real ones.
 ///
@@ -88,8 +90,13 @@ class VirtualHost final : public host::Host {
   [[nodiscard]] host::TextDirection layoutDirection() const override { return layoutDirection_; }
   [[nodiscard]] bool isFullKeyboardAccessEnabled() const override { return isFullKeyboardAccessEnabled_; }
   [[nodiscard]] host::SystemVersion systemVersion() const override { return systemVersion_; }
+  void setAccessibilityTree(host::AccessibilityTree* tree) override { accessibilityTree_ = tree; }
+  /// While a `VirtualScreenReader` lives.
+  [[nodiscard]] bool hasAssistiveClient() const override { return screenReader_ != nullptr; }
+  void announce(const host::AccessibilityChange& change) override;
 
  private:
+  friend class VirtualScreenReader;
   friend class VirtualWindow;
 
   void add(VirtualWindow& window) { windows_.push_back(&window); }
@@ -122,6 +129,8 @@ class VirtualHost final : public host::Host {
   bool canPlaceWindows_ = true;
   bool hasDisplay_ = true;
   int beepCount_ = 0;
+  host::AccessibilityTree* accessibilityTree_ = nullptr;
+  VirtualScreenReader* screenReader_ = nullptr;
   std::unique_ptr<host::Fonts> fonts_;
 };
 

@@ -78,6 +78,8 @@ class VirtualWindow final : public host::Window {
   [[nodiscard]] bool hasPointerGrab() const { return hasPointerGrab_; }
   [[nodiscard]] host::Size minimumSize() const { return minimumSize_; }
   [[nodiscard]] host::Size maximumSize() const { return maximumSize_; }
+  /// Where an assistive client begins to read.
+  [[nodiscard]] host::AccessibilityId accessibilityElement() const { return client_.accessibilityElement(); }
   /// How often the library raised the window.
   [[nodiscard]] int raiseCount() const { return raiseCount_; }
 

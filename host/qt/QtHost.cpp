@@ -21,7 +21,8 @@ const Screen fallbackScreen{{0, 0, 1280, 800}, {0, 0, 1280, 800}, 1};
 
 QtHost::QtHost()
     : application_(QtApplication::shared(QtApplication::Purpose::windows)),
-      loop_([this] { return !queue_.isEmpty() || appearance_.hasChange(); }),
+      loop_([this] { return hasEvent(); }),
+      accessibility_([this] { loop_.noteQueued(); }),
       portal_([this](const Appearance& appearance) {
         appearance_.announce(appearance);
         if (appearance_.hasChange()) loop_.noteQueued();
@@ -31,8 +32,13 @@ QtHost::~QtHost() = default;
 
 // The appearance goes first: an announcement that waits makes the frames before it stale.
 bool QtHost::dispatchEvent() {
-  if (queue_.isEmpty() && !appearance_.hasChange()) loop_.pump();
-  return appearance_.deliver() || queue_.dispatch();
+  if (!hasEvent()) loop_.pump();
+  accessibility_.eventBegins();
+  return appearance_.deliver() || accessibility_.deliver() || queue_.dispatch();
+}
+
+bool QtHost::hasEvent() const {
+  return !queue_.isEmpty() || appearance_.hasChange() || accessibility_.hasRequest();
 }
 
 std::unique_ptr<Window> QtHost::makeWindow(const WindowOptions& options, WindowClient& client) {

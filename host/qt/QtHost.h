@@ -6,6 +6,7 @@
 #include "host/EventQueue.h"
 #include "host/Host.h"
 #include "host/qt/EventClock.h"
+#include "host/qt/QtAccessibility.h"
 #include "host/qt/QtAppearance.h"
 #include "host/qt/QtFonts.h"
 #include "host/qt/QtLoop.h"
@@ -44,19 +45,27 @@ class QtHost final : public Host {
   [[nodiscard]] bool isFullKeyboardAccessEnabled() const override { return true; }
   [[nodiscard]] SystemVersion systemVersion() const override { return {}; }
 
+  void setAccessibilityTree(AccessibilityTree* tree) override { accessibility_.setTree(tree); }
+  [[nodiscard]] bool hasAssistiveClient() const override { return accessibility_.isActive(); }
+  void announce(const AccessibilityChange& change) override { accessibility_.announce(change); }
+
   // For its windows
 
   [[nodiscard]] QtApplication& application() { return application_; }
+  [[nodiscard]] QtAccessibility& accessibility() { return accessibility_; }
   [[nodiscard]] EventClock& eventClock() { return eventClock_; }
   void push(Window& window, WindowClient& client, WindowEvent event);
   void drop(const Window& window) { queue_.drop(window); }
 
  private:
+  [[nodiscard]] bool hasEvent() const;
+
   QtApplication& application_;
   EventClock eventClock_;
   EventQueue queue_;
   AppearanceRelay appearance_;
   QtLoop loop_;
+  QtAccessibility accessibility_;
   QtAppearance portal_;
   QtFonts fonts_;
 };

@@ -1,5 +1,6 @@
 #include "host/qt/QtSurface.h"
 
+#include <QtGui/QAccessible>
 #include <QtGui/QPainter>
 
 #include "host/qt/QtApplication.h"
@@ -78,6 +79,10 @@ QtSurface::QtSurface(const WindowOptions& options, EventFilter filter)
 QtSurface::~QtSurface() {
   // Closing the native window sends events, for which there is nobody left.
   filter_ = nullptr;
+}
+
+QAccessibleInterface* QtSurface::accessibleRoot() const {
+  return QAccessible::queryAccessibleInterface(const_cast<QtSurface*>(this));
 }
 
 bool QtSurface::event(QEvent* event) { return (filter_ && filter_(*event)) || QWindow::event(event); }

@@ -18,6 +18,9 @@ class QtSurface final : public QWindow {
   explicit QtSurface(const WindowOptions& options, EventFilter filter);
   ~QtSurface() override;
 
+  /// What Qt's bridge shows of the window to assistive clients.
+  [[nodiscard]] QAccessibleInterface* accessibleRoot() const override;
+
   /// Copies the damaged pixels to the desktop. `image` covers the whole surface.
   void present(const Bitmap& image, std::span<const PixelRect> damage);
 

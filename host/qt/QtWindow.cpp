@@ -49,6 +49,7 @@ QtWindow::QtWindow(QtHost& host, const WindowOptions& options, WindowClient& cli
       pointer_(clickInterval()),
       surface_(std::make_unique<QtSurface>(options, [this](QEvent& event) { return handle(event); })) {
   host_.application().add(*this);
+  host_.accessibility().add(*surface_, client_);
   if (auto* parent = static_cast<QtWindow*>(options.parent))
     surface_->setTransientParent(parent->surface_.get());
   QObject::connect(surface_.get(), &QWindow::screenChanged, surface_.get(), [this] { refreshScale(); });
@@ -62,13 +63,18 @@ QtWindow::~QtWindow() {
   host_.drop(*this);
 }
 
-void QtWindow::closeNative() { surface_.reset(); }
+void QtWindow::closeNative() {
+  if (surface_) host_.accessibility().remove(*surface_);
+  surface_.reset();
+}
 
 // --- what the library asks for
 
 void QtWindow::show() {
   if (!surface_) return;
+  const bool isNew = !surface_->isVisible();
   surface_->show();
+  if (isNew) host_.accessibility().didShow(*surface_);
   refreshScale();
 }
 
@@ -76,6 +82,7 @@ void QtWindow::hide() {
   if (!surface_) return;
   cancelPress();
   setPointerGrab(false);
+  if (surface_->isVisible()) host_.accessibility().willHide(*surface_);
   surface_->hide();
 }
 

@@ -2,6 +2,8 @@
 
 // The whole desktop platform's surface: windows, views, events, colours.
 
+#include "platform/appkit/NSAccessibility.h"
+#include "platform/appkit/NSAccessibilityElement.h"
 #include "platform/appkit/NSAnimationContext.h"
 #include "platform/appkit/NSAppearance.h"
 #include "platform/appkit/NSApplication.h"

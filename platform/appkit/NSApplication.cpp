@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "host/Host.h"
+#include "platform/appkit/NSAccessibilityTree.h"
 #include "platform/appkit/NSEventMonitor.h"
 #include "platform/appkit/NSWindow.h"
 #include "platform/foundation/NSKeyValueObservation.h"
@@ -51,6 +52,7 @@ NSApplication& NSApplication::shared() {
 NSApplication::NSApplication() = default;
 
 void NSApplication::attach(host::Host& host) {
+  host.setAccessibilityTree(&NSAccessibilityTree::shared());
   host.setAppearanceHandler([this] { refreshEffectiveAppearance(); });
   if (effectiveAppearance_) refreshEffectiveAppearance();
 }
@@ -129,6 +131,7 @@ void NSApplication::setKeyWindow(NSWindow* window) {
   if (window && window->canBecomeMain()) mainWindow_ = window;
   if (previous) previous->resignKey();
   if (next && keyWindow_.refersTo(window)) next->becomeKey();
+  if (next && keyWindow_.refersTo(window)) NSAccessibilityTree::shared().postFocus(*next);
 }
 
 void NSApplication::commit() {
@@ -137,6 +140,7 @@ void NSApplication::commit() {
     window->layoutIfNeeded();
     window->updateTracking();
   }
+  NSAccessibilityTree::tellChildren();
   CATransaction::flush();
   for (std::size_t i = 0; i < orderedIn_.size(); ++i) {
     const Ref<NSWindow> window = orderedIn_[i];

@@ -15,6 +15,7 @@ void NSControl::setEnabled(bool enabled) {
   if (enabled == enabled_) return;
   enabled_ = enabled;
   setNeedsDisplay(true);
+  NSAccessibilityPostNotification(*this, NSAccessibilityStateChangedNotification);
   const auto window = this->window();
   if (!enabled && window && window->firstResponder() == this) window->makeFirstResponder(nullptr);
 }

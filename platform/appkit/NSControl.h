@@ -34,6 +34,8 @@ class NSControl : public NSView {
     return acceptsFirstResponder() && needsPanelToBecomeKey();
   }
 
+  [[nodiscard]] bool isAccessibilityEnabled() const override { return isEnabled(); }
+
   /// Ends here while the control is enabled.
   void mouseDown(NSEvent& event) override;
 

@@ -1,14 +1,14 @@
 #pragma once
 
+#include "platform/appkit/NSAccessibility.h"
 #include "platform/appkit/NSEvent.h"
-#include "platform/foundation/NSObject.h"
 
 namespace bkuk {
 
 /// What answers events: views, windows and the application, linked in a chain. Each event operation
 /// passes on to the next responder unless it is overridden; an unhandled key-down ends in a beep,
 /// everything else vanishes.
-class NSResponder : public NSObject {
+class NSResponder : public NSAccessibility {
  public:
   /// Who is asked when this one does not answer; none at the end of the chain.
   [[nodiscard]] virtual Ref<NSResponder> nextResponder() const { return nullptr; }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/appkit/NSAccessibilityTree.h"
 #include "platform/appkit/NSAnimationContext.h"
 #include "platform/appkit/NSApplication.h"
 #include "platform/appkit/NSColor.h"
@@ -78,6 +79,7 @@ void NSView::insert(Ref<NSView> view, std::size_t index) {
   if (view->superview_.refersTo(this)) adoptLayerOfSubview(*view);
   view->markLayoutUpwards();
   view->markTrackingStale();
+  NSAccessibilityTree::childrenDidChange(*this);
   view->viewDidMoveToSuperview();
 }
 
@@ -88,6 +90,7 @@ void NSView::removeFromSuperview() {
   std::erase(parent->subviews_, self);
   superview_ = nullptr;
   superviewIsFlipped_ = false;
+  NSAccessibilityTree::childrenDidChange(*parent);
   if (layer_) layer_->removeFromSuperlayer();
   moveToWindow(nullptr);
   dropLayerUnlessWanted();
@@ -270,6 +273,7 @@ void NSView::setHidden(bool hidden) {
   if (layer_) layer_->setHidden(hidden);
   if (!hidden) markTrackingStale();
   if (const auto window = window_.lock()) window->activityDidChange();
+  if (const auto parent = superview_.lock()) NSAccessibilityTree::childrenDidChange(*parent);
 }
 
 bool NSView::isHiddenOrHasHiddenAncestor() const {

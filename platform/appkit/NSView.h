@@ -203,6 +203,18 @@ class NSView : public NSResponder, public CALayerDelegate {
   /// Called after the scale of the view's window changed and when the view enters a window.
   virtual void viewDidChangeBackingProperties() {}
 
+  // NSAccessibility: a plain view is no element and has its subviews as children
+
+  [[nodiscard]] std::string accessibilityIdentifier() const override;
+  [[nodiscard]] bool isAccessibilityHidden() const override;
+  [[nodiscard]] bool isAccessibilityFocused() const override;
+  [[nodiscard]] bool isAccessibilityFocusable() const override { return acceptsFirstResponder(); }
+  [[nodiscard]] std::vector<Ref<NSAccessibility>> accessibilityChildren() const override;
+  [[nodiscard]] Ref<NSAccessibility> accessibilityParent() const override;
+  [[nodiscard]] NSRect accessibilityFrame() const override;
+  [[nodiscard]] NSRect accessibilityVisibleFrame() const override;
+  bool accessibilityPerformFocus() override;
+
   // CALayerDelegate
   bool displayLayer(CALayer& layer) override;
   void drawLayer(CALayer& layer, CGContext& context) override;

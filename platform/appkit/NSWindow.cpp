@@ -6,6 +6,7 @@
 
 #include "host/FrameClamp.h"
 #include "host/Host.h"
+#include "platform/appkit/NSAccessibilityTree.h"
 #include "platform/appkit/NSApplication.h"
 #include "platform/appkit/NSCursor.h"
 #include "platform/appkit/NSFocusRing.h"
@@ -42,6 +43,10 @@ class NSWindow::HostClient : public host::WindowClient {
   explicit HostClient(NSWindow& window) : window_(&window) {}
   void handleEvent(const host::WindowEvent& event) override {
     if (const auto window = window_.lock()) window->handle(event);
+  }
+  host::AccessibilityId accessibilityElement() override {
+    const auto window = window_.lock();
+    return window ? NSAccessibilityTree::shared().idOf(*window) : 0;
   }
 
  private:
@@ -83,6 +88,7 @@ void NSWindow::setContentView(Ref<NSView> view) {
 void NSWindow::setTitle(std::string title) {
   title_ = std::move(title);
   if (hostWindow_) hostWindow_->setTitle(title_);
+  NSAccessibilityPostNotification(*this, NSAccessibilityTitleChangedNotification);
 }
 
 void NSWindow::setBackgroundColor(Ref<NSColor> color) {
@@ -292,6 +298,7 @@ bool NSWindow::makeFirstResponder(NSResponder* responder) {
 void NSWindow::firstResponderDidChange() {
   activityDidChange();
   focusRing_->setNeedsUpdate();
+  if (isKeyWindow()) NSAccessibilityTree::shared().postFocus(*this);
 }
 
 void NSWindow::selectKeyView(Ref<NSView> (NSView::*valid)() const) {

@@ -156,6 +156,16 @@ class NSWindow : public NSResponder {
   void keyDown(NSEvent& event) override;
   bool performKeyEquivalent(NSEvent& event) override;
 
+  // NSAccessibility: an element whose children are the content view's
+
+  [[nodiscard]] NSAccessibilityRole accessibilityRole() const override;
+  [[nodiscard]] std::string accessibilityLabel() const override;
+  [[nodiscard]] bool isAccessibilityElement() const override;
+  [[nodiscard]] bool isAccessibilityFocused() const override;
+  [[nodiscard]] Ref<NSAccessibility> accessibilityFocusedUIElement() const override;
+  [[nodiscard]] std::vector<Ref<NSAccessibility>> accessibilityChildren() const override;
+  [[nodiscard]] NSRect accessibilityFrame() const override;
+
   // Drawing
 
   /// Lays out the marked views now.

@@ -1,0 +1,27 @@
+#include "platform/appkit/NSAccessibilityElement.h"
+
+#include "platform/appkit/NSAccessibilityRecord.h"
+#include "platform/appkit/NSView.h"
+#include "platform/appkit/NSWindow.h"
+
+namespace bkuk {
+
+bool NSAccessibilityElement::isAccessibilityElement() const {
+  return NSAccessibilityRecord::resolved(accessibilityRecord().isElement, true);
+}
+
+NSRect NSAccessibilityElement::accessibilityFrame() const {
+  const auto view = as<NSView>(accessibilityParent());
+  const auto window = view ? view->window() : nullptr;
+  if (!frame_ || !window) return NSAccessibility::accessibilityFrame();
+  const NSRect inWindow = view->convertRectTo(*frame_, nullptr);
+  return {window->convertPointToScreen(inWindow.origin), inWindow.size};
+}
+
+NSRect NSAccessibilityElement::accessibilityVisibleFrame() const {
+  const auto parent = accessibilityParent();
+  return parent ? NSIntersectionRect(accessibilityFrame(), parent->accessibilityVisibleFrame())
+                : accessibilityFrame();
+}
+
+}  // namespace bkuk
