@@ -72,6 +72,7 @@ void GalleryContent::makeSidebar() {
       "BrenvikUIKit", TextLabel::Style{.size = 15, .weight = 700, .color = role(Role::onDesktopMenu)});
   pageList_ = make<Choice>(Choice::Arrangement::list, namesOf(galleryPages()), pageIndex_,
                            [this](std::size_t index) { showPage(index); });
+  pageList_->setAccessibilityLabel("Pages");
   addSubview(sidebar_);
   sidebar_->addSubview(productName_);
   sidebar_->addSubview(pageList_);
@@ -88,6 +89,9 @@ void GalleryContent::makeHeader() {
                                   static_cast<std::size_t>(direction_), [](std::size_t index) {
                                     applyDirection(static_cast<DirectionChoice>(index));
                                   });
+  title_->setAccessibilityRole(NSAccessibilityHeadingRole);
+  appearanceSwitch_->setAccessibilityLabel("Appearance");
+  directionSwitch_->setAccessibilityLabel("Direction");
   addSubview(title_);
   addSubview(appearanceSwitch_);
   addSubview(directionSwitch_);
@@ -106,6 +110,7 @@ void GalleryContent::showPage(std::size_t index) {
   pageIndex_ = index;
   page_ = entry.makePage();
   title_->setText(std::string(entry.name));
+  scroller_->setAccessibilityLabel(std::string(entry.name));
   scroller_->setPage(page_);
   linkKeyViews();
 }

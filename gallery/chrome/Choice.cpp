@@ -47,14 +47,33 @@ void Choice::didInit() {
                                                                      : TextLabel::Alignment::center}));
     addSubview(labels_.back());
   }
+  makeElements();
   showFocus(false);
   showSelection();
 }
 
+void Choice::makeElements() {
+  for (std::size_t i = 0; i < options_.size(); ++i) {
+    elements_.push_back(make<ChoiceOption>(*this, i));
+    elements_.back()->setAccessibilityLabel(options_[i]);
+  }
+  setAccessibilityChildren({elements_.begin(), elements_.end()});
+}
+
+NSAccessibilityRole Choice::accessibilityRole() const {
+  return arrangement_ == Arrangement::list ? NSAccessibilityListRole : NSAccessibilityRadioGroupRole;
+}
+
+Ref<NSAccessibility> Choice::accessibilityFocusedUIElement() const { return elements_[selected_]; }
+
 void Choice::setSelected(std::size_t index) {
-  selected_ = std::min(index, options_.size() - 1);
+  const std::size_t before = std::exchange(selected_, std::min(index, options_.size() - 1));
   showSelection();
   setNeedsLayout(true);
+  if (before == selected_) return;
+  elements_[before]->selectionDidChange();
+  elements_[selected_]->selectionDidChange();
+  if (focused_) NSAccessibilityPostNotification(*this, NSAccessibilityFocusedUIElementChangedNotification);
 }
 
 void Choice::showSelection() {
@@ -110,12 +129,16 @@ NSRect Choice::optionFrame(std::size_t index) const {
 
 void Choice::layout() {
   const CGFloat padding = arrangement_ == Arrangement::list ? rowPadding : 0;
-  for (std::size_t i = 0; i < labels_.size(); ++i) labels_[i]->setFrame(optionFrame(i).insetBy(padding, 0));
+  for (std::size_t i = 0; i < labels_.size(); ++i) {
+    labels_[i]->setFrame(optionFrame(i).insetBy(padding, 0));
+    elements_[i]->setAccessibilityFrameInParentSpace(optionFrame(i));
+  }
   marker_->setFrame(optionFrame(selected_).insetBy(markerInset, markerInset));
 }
 
 void Choice::choose(std::size_t index) {
   if (index == selected_) return;
+  const Ref<Choice> self(this);
   setSelected(index);
   if (chosen_) chosen_(index);
 }

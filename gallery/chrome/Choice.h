@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "gallery/chrome/Box.h"
+#include "gallery/chrome/ChoiceOption.h"
 #include "gallery/chrome/TextLabel.h"
 
 namespace bkuk::gallery {
@@ -18,9 +19,12 @@ class Choice : public Box {
 
   Choice(Arrangement arrangement, std::vector<std::string> options, std::size_t selected, Handler chosen);
 
+  [[nodiscard]] Arrangement arrangement() const { return arrangement_; }
   [[nodiscard]] std::size_t selected() const { return selected_; }
   /// Shows another option as chosen without calling the handler.
   void setSelected(std::size_t index);
+  /// As the user does, with a call of the handler for another option than the chosen one.
+  void choose(std::size_t index);
 
   /// What the options need, in points.
   [[nodiscard]] NSSize fittingSize() const;
@@ -35,11 +39,16 @@ class Choice : public Box {
   void keyDown(NSEvent& event) override;
   void layout() override;
 
+  [[nodiscard]] bool isAccessibilityElement() const override { return true; }
+  [[nodiscard]] NSAccessibilityRole accessibilityRole() const override;
+  /// The keyboard is on the chosen option.
+  [[nodiscard]] Ref<NSAccessibility> accessibilityFocusedUIElement() const override;
+
  protected:
   void didInit() override;
 
  private:
-  void choose(std::size_t index);
+  void makeElements();
   void showFocus(bool focused);
   void showSelection();
   [[nodiscard]] NSRect optionFrame(std::size_t index) const;
@@ -53,6 +62,7 @@ class Choice : public Box {
   bool focused_ = false;
   Ref<Box> marker_;
   std::vector<Ref<TextLabel>> labels_;
+  std::vector<Ref<ChoiceOption>> elements_;
 };
 
 }  // namespace bkuk::gallery

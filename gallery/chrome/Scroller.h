@@ -21,6 +21,11 @@ class Scroller : public Box {
   void keyDown(NSEvent& event) override;
   void layout() override;
 
+  [[nodiscard]] bool isAccessibilityElement() const override { return true; }
+  [[nodiscard]] NSAccessibilityRole accessibilityRole() const override {
+    return NSAccessibilityScrollAreaRole;
+  }
+
  protected:
   void didInit() override;
 

@@ -68,11 +68,14 @@ void Slider::layout() {
   focusRing_->setFrame(fromLeading(*this, {way, middle - ringSize / 2, ringSize, ringSize}));
 }
 
-void Slider::change(CGFloat value) {
+bool Slider::change(CGFloat value) {
   const CGFloat next = std::clamp(value, range_.least, range_.greatest);
-  if (next == std::exchange(value_, next)) return;
+  if (next == std::exchange(value_, next)) return true;
+  const Ref<Slider> self(this);
   setNeedsLayout(true);
+  NSAccessibilityPostNotification(*this, NSAccessibilityValueChangedNotification);
   if (changed_) changed_(value_);
+  return true;
 }
 
 CGFloat Slider::valueAt(NSPoint point) const {
@@ -96,17 +99,23 @@ void Slider::keyDown(NSEvent& event) {
   const CGFloat right = isRightToLeft(*this) ? -range_.step : range_.step;
   switch (event.keyCode()) {
     case rightKey:
-      return change(value_ + right);
+      change(value_ + right);
+      break;
     case leftKey:
-      return change(value_ - right);
+      change(value_ - right);
+      break;
     case upKey:
-      return change(value_ + range_.step);
+      change(value_ + range_.step);
+      break;
     case downKey:
-      return change(value_ - range_.step);
+      change(value_ - range_.step);
+      break;
     case homeKey:
-      return change(range_.least);
+      change(range_.least);
+      break;
     case endKey:
-      return change(range_.greatest);
+      change(range_.greatest);
+      break;
     default:
       return NSView::keyDown(event);
   }

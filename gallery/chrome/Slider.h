@@ -35,11 +35,21 @@ class Slider : public NSView {
   void keyDown(NSEvent& event) override;
   void layout() override;
 
+  [[nodiscard]] bool isAccessibilityElement() const override { return true; }
+  [[nodiscard]] NSAccessibilityRole accessibilityRole() const override { return NSAccessibilitySliderRole; }
+  [[nodiscard]] NSAccessibilityValue accessibilityValue() const override { return value_; }
+  [[nodiscard]] NSAccessibilityValue accessibilityMinValue() const override { return range_.least; }
+  [[nodiscard]] NSAccessibilityValue accessibilityMaxValue() const override { return range_.greatest; }
+  bool accessibilityPerformIncrement() override { return change(value_ + range_.step); }
+  bool accessibilityPerformDecrement() override { return change(value_ - range_.step); }
+  bool accessibilityPerformSetValue(double value) override { return change(value); }
+
  protected:
   void didInit() override;
 
  private:
-  void change(CGFloat value);
+  /// True always; the value may be at its end already.
+  bool change(CGFloat value);
   [[nodiscard]] CGFloat valueAt(NSPoint point) const;
   [[nodiscard]] CGFloat travel() const;
 

@@ -17,6 +17,12 @@ void TextLabel::setText(std::string text) {
   text_ = std::move(text);
   shape();
   setNeedsDisplay(true);
+  NSAccessibilityPostNotification(*this, NSAccessibilityValueChangedNotification);
+}
+
+NSAccessibilityRole TextLabel::accessibilityRole() const {
+  const auto role = NSView::accessibilityRole();
+  return role == NSAccessibilityUnknownRole ? NSAccessibilityStaticTextRole : role;
 }
 
 void TextLabel::setColor(Color color) {

@@ -30,6 +30,10 @@ class TextLabel : public NSView {
   [[nodiscard]] bool isFlipped() const override { return true; }
   void draw(NSRect dirtyRect) override;
 
+  [[nodiscard]] bool isAccessibilityElement() const override { return true; }
+  [[nodiscard]] NSAccessibilityRole accessibilityRole() const override;
+  [[nodiscard]] NSAccessibilityValue accessibilityValue() const override { return text_; }
+
  private:
   [[nodiscard]] CGFloat startOfLine() const;
   void shape();

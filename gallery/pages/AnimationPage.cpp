@@ -55,6 +55,7 @@ void AnimationPage::didInit() {
   GalleryPage::didInit();
   modeChoice_ = make<Choice>(Choice::Arrangement::segments, std::vector<std::string>{"Stop", "Once", "Loop"},
                              0, [this](std::size_t index) { setMode(static_cast<Mode>(index)); });
+  modeChoice_->setAccessibilityLabel("Run");
   framesHeading_ = makeHeading("Frame clock");
   curvesHeading_ = makeHeading("Timing curves");
   addSubview(modeChoice_);

@@ -1,5 +1,6 @@
 #include "gallery/pages/CurveLane.h"
 
+#include "gallery/chrome/Described.h"
 #include "gallery/chrome/Direction.h"
 
 namespace bkuk::gallery {
@@ -29,6 +30,7 @@ CurveLane::CurveLane(std::string_view curve)
 
 void CurveLane::didInit() {
   NSView::didInit();
+  describeImage(*this, name_->text());
   const auto shadow = make<NSShadow>();
   shadow->setShadowOffset({0, -2});
   shadow->setShadowBlurRadius(3);

@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <utility>
 
+#include "gallery/chrome/Described.h"
 #include "gallery/chrome/Direction.h"
 
 namespace bkuk::gallery {
@@ -48,6 +49,7 @@ DashRow::DashRow(BKUKLinePatternModification modification, std::string name, std
 
 void DashRow::didInit() {
   Box::didInit();
+  describe(*this, NSAccessibilityGroupRole, name_->text());
   addSubview(name_);
   addSubview(detail_);
   for (auto& end : ends_) {
@@ -58,6 +60,7 @@ void DashRow::didInit() {
   for (std::size_t i = 0; i < columns_.size(); ++i) {
     columns_[i] = {make<DashedSample>(courses[i], DashedSample::Dashes(), role(Role::accent)),
                    makeLabel("", 11, 400, Role::onSurfaceSecondary)};
+    describeImage(*columns_[i].sample, i == 0 ? "Line" : "Outline");
     addSubview(columns_[i].sample);
     addSubview(columns_[i].lengths);
   }

@@ -61,6 +61,7 @@ void FillsPage::makeTurningGradient() {
   degrees_ = make<Slider>(Slider::Range{.least = 0, .greatest = 360, .step = 5}, firstAngle,
                           [this](CGFloat degrees) { turnGradient(degrees); });
   addSubview(turning_);
+  degrees_->setAccessibilityLabel("Direction in degrees");
   addSubview(degreesName_);
   addSubview(degreesRemark_);
   addSubview(degrees_);

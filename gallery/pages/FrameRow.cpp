@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "gallery/chrome/Described.h"
 #include "gallery/chrome/Direction.h"
 
 namespace bkuk::gallery {
@@ -49,6 +50,8 @@ FrameRow::FrameRow(Settings settings, Handler finished)
 
 void FrameRow::didInit() {
   Box::didInit();
+  describe(*this, NSAccessibilityGroupRole, name_->text());
+  describe(*track_, NSAccessibilityProgressIndicatorRole, "Frames");
   for (const auto& view :
        {Ref<NSView>(name_), Ref<NSView>(detail_), Ref<NSView>(track_), Ref<NSView>(count_)}) {
     addSubview(view);

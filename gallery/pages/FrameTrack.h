@@ -26,6 +26,9 @@ class FrameTrack : public NSView {
   void draw(NSRect dirtyRect) override;
   void layout() override;
   void viewDidMoveToWindow() override;
+  [[nodiscard]] NSAccessibilityValue accessibilityValue() const override { return double(frame_); }
+  [[nodiscard]] NSAccessibilityValue accessibilityMinValue() const override { return 0.0; }
+  [[nodiscard]] NSAccessibilityValue accessibilityMaxValue() const override { return double(frames_.count); }
   void viewDidChangeEffectiveAppearance() override;
 
  private:

@@ -83,6 +83,8 @@ void ShapesPage::makeControls() {
   length_ = make<Slider>(Slider::Range{.least = 0.2, .greatest = 1, .step = 0.005}, firstExtent,
                          [this](CGFloat extent) { showExtent(extent); });
   lengthValue_ = makeLabel("", 12.5, 500, Role::onBackground, TextLabel::Alignment::trailing);
+  patternChoice_->setAccessibilityLabel("Pattern");
+  length_->setAccessibilityLabel("Length");
   addSubview(patternChoice_);
   addSubview(lengthLabel_);
   addSubview(length_);

@@ -1,5 +1,6 @@
 #include "gallery/pages/SingleColourSwatch.h"
 
+#include "gallery/chrome/Described.h"
 #include "gallery/pages/RoleName.h"
 
 namespace bkuk::gallery {
@@ -17,16 +18,21 @@ void SingleColourSwatch::didInit() {
       Box::Look{.fill = role(role_), .border = role(Role::onBackgroundExtraLight), .cornerRadius = 12});
   name_ = make<TextLabel>(std::string(roleName(role_)),
                           TextLabel::Style{.size = 12.5, .weight = 500, .color = role(Role::onBackground)});
-  value_ = make<TextLabel>(hexText(*BKUKTheme::color(role_)),
-                           TextLabel::Style{.size = 11, .color = role(Role::onBackgroundSecondary)});
+  value_ = make<TextLabel>("", TextLabel::Style{.size = 11, .color = role(Role::onBackgroundSecondary)});
   addSubview(box_);
   addSubview(name_);
   addSubview(value_);
+  showValue();
+}
+
+void SingleColourSwatch::showValue() {
+  value_->setText(hexText(*BKUKTheme::color(role_)));
+  describeImage(*this, name_->text() + ", " + value_->text());
 }
 
 void SingleColourSwatch::viewDidChangeEffectiveAppearance() {
   NSView::viewDidChangeEffectiveAppearance();
-  value_->setText(hexText(*BKUKTheme::color(role_)));
+  showValue();
 }
 
 void SingleColourSwatch::layout() {

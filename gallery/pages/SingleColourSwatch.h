@@ -20,6 +20,8 @@ class SingleColourSwatch : public NSView {
   void didInit() override;
 
  private:
+  void showValue();
+
   BKUKThemeColorRole role_;
   Ref<Box> box_;
   Ref<TextLabel> name_;

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "gallery/chrome/Described.h"
+
 namespace bkuk::gallery {
 
 namespace {
@@ -22,6 +24,13 @@ void Specimen::didInit() {
   addSubview(shown_);
   addSubview(name_);
   addSubview(remark_);
+  describeImage(*this, name_->text());
+  setAccessibilityHelp(remark_->text());
+}
+
+void Specimen::setRemark(std::string remark) {
+  setAccessibilityHelp(remark);
+  remark_->setText(std::move(remark));
 }
 
 void Specimen::layout() {

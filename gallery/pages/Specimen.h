@@ -11,7 +11,7 @@ class Specimen : public NSView {
 
   Specimen(Ref<NSView> shown, std::string name, std::string remark);
 
-  void setRemark(std::string remark) { remark_->setText(std::move(remark)); }
+  void setRemark(std::string remark);
 
   [[nodiscard]] bool isFlipped() const override { return true; }
   void layout() override;

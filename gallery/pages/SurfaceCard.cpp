@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "gallery/chrome/Described.h"
 #include "gallery/chrome/Direction.h"
 #include "gallery/pages/RoleName.h"
 
@@ -42,6 +43,7 @@ SurfaceCard::SurfaceCard(BKUKThemeColorBase surface)
 
 void SurfaceCard::didInit() {
   Box::didInit();
+  describe(*this, NSAccessibilityGroupRole, std::string(roleName(baseRole(surface_))));
   title_ = makeLabel(roleName(baseRole(surface_)), role(onRole(surface_, Opacity::primary)), 16, 600);
   addSubview(title_);
   for (const Opacity emphasis : emphases) addContentColor(emphasis);
@@ -76,7 +78,10 @@ void SurfaceCard::addVariant(int steps) {
 }
 
 void SurfaceCard::showValues() {
-  for (const auto& variant : variants_) variant.value->setText(hexText(*BKUKTheme::color(variant.role)));
+  for (const auto& variant : variants_) {
+    variant.value->setText(hexText(*BKUKTheme::color(variant.role)));
+    describeImage(*variant.swatch, variant.name->text() + ", " + variant.value->text());
+  }
 }
 
 void SurfaceCard::viewDidChangeEffectiveAppearance() {
