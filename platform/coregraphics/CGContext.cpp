@@ -11,6 +11,7 @@
 #include "platform/coregraphics/GaussianBlur.h"
 #include "platform/coregraphics/HostConversions.h"
 #include "platform/coregraphics/PathDasher.h"
+#include "platform/coregraphics/PathDots.h"
 
 namespace bkuk {
 
@@ -108,6 +109,7 @@ CGContext::CGContext(host::PixelSize size, BitmapProvider provider, const CGAffi
     : base_(base),
       path_(make<CGMutablePath>()),
       userPath_(make<CGMutablePath>()),
+      opened_(make<CGMutablePath>()),
       dashes_(make<CGMutablePath>()) {
   const host::PixelRect area{0, 0, size.width, size.height};
   targets_.push_back(std::make_unique<CanvasTarget>(std::move(provider), area));
@@ -348,13 +350,21 @@ host::Stroke CGContext::strokeFor(const Pen& pen) const {
 void CGContext::strokeAlong(const CGPath& line, const Pen& pen) {
   const host::Stroke stroke = strokeFor(pen);
   const CGFloat reach = strokeReach(stroke);
-  const CGPath& visible = dashed(line, pen, reach);
+  const CGPath& visible = dashed(withOpenedDots(line, pen), pen, reach);
   hostPath_.clear();
   if (!appendHostPath(hostPath_, visible.elements())) return;
   const host::Rgba color = state().strokeColor->rgba();
   paint(pen.toDevice.apply(outset(visible.boundingBox(), reach)), [&](host::Canvas& canvas) {
     within(canvas, pen.toDevice, [&] { canvas.stroke(hostPath_, stroke, color); });
   });
+}
+
+// The line with a direction for the caps of its dots, or the line itself.
+const CGPath& CGContext::withOpenedDots(const CGPath& line, const Pen& pen) {
+  if (state().lineCap == CGLineCap::butt || !hasDots(line.elements())) return line;
+  opened_->removeAll();
+  appendWithOpenedDots(*opened_, line.elements(), DashLimits().emptyDashLength / areaScale(pen.toDevice));
+  return *opened_;
 }
 
 // The dashes of the line that can be seen, or the line itself.

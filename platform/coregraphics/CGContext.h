@@ -181,6 +181,7 @@ class CGContext final : public NSObject {
   void strokeCurrentPath();
   void strokeAlong(const CGPath& line, const Pen& pen);
   [[nodiscard]] host::Stroke strokeFor(const Pen& pen) const;
+  [[nodiscard]] const CGPath& withOpenedDots(const CGPath& line, const Pen& pen);
   [[nodiscard]] const CGPath& dashed(const CGPath& line, const Pen& pen, CGFloat reach);
   void paintGradient(host::Gradient gradient, const CGGradient& colors, unsigned options);
   [[nodiscard]] CGAffineTransform textToDevice(CGPoint baseline) const;
@@ -195,6 +196,7 @@ class CGContext final : public NSObject {
   // Reused from one operation to the next, so that painting need not allocate.
   std::vector<host::PathElement> hostPath_;
   Ref<CGMutablePath> userPath_;
+  Ref<CGMutablePath> opened_;
   Ref<CGMutablePath> dashes_;
 };
 

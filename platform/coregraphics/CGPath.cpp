@@ -7,6 +7,7 @@
 #include "platform/coregraphics/CGMutablePath.h"
 #include "platform/coregraphics/HostConversions.h"
 #include "platform/coregraphics/PathDasher.h"
+#include "platform/coregraphics/PathDots.h"
 #include "platform/coregraphics/PathWinding.h"
 #include "platform/coregraphics/PointBox.h"
 #include "platform/coregraphics/SubpathWalk.h"
@@ -105,9 +106,12 @@ Ref<CGPath> CGPath::copyDashingWithPhase(CGFloat phase, std::span<const CGFloat>
 
 Ref<CGPath> CGPath::copyStrokingWithWidth(CGFloat width, CGLineCap cap, CGLineJoin join, CGFloat miterLimit,
                                           const CGAffineTransform& transform) const {
-  std::vector<host::PathElement> line;
+  constexpr CGFloat dotLength = 1e-3;
+  const auto opened = make<CGMutablePath>();
   const auto mapped = copy(transform);
-  if (!(width > 0) || !appendHostPath(line, mapped->elements())) return make<CGPath>();
+  appendWithOpenedDots(*opened, mapped->elements(), cap == CGLineCap::butt ? 0 : width * dotLength);
+  std::vector<host::PathElement> line;
+  if (!(width > 0) || !appendHostPath(line, opened->elements())) return make<CGPath>();
   host::Bitmap scratch({1, 1});
   const auto canvas = host::current().makeCanvas(scratch);
   const auto outline = canvas->outline(line, {width, toHost(cap), toHost(join), miterLimit, 0, {}});

@@ -61,6 +61,9 @@ class CGPath : public NSObject {
 
   /// The outline that covers, filled by the winding rule, what a stroke with these settings covers. The
   /// path is mapped by `transform` first. Empty when the width is not positive.
+  ///
+  /// A subpath without length, a point with a line to itself or one that is closed, shows its caps only: a
+  /// dot, or a square along the axes; nothing with butt caps.
   [[nodiscard]] Ref<CGPath> copyStrokingWithWidth(CGFloat width, CGLineCap cap, CGLineJoin join,
                                                   CGFloat miterLimit,
                                                   const CGAffineTransform& transform = {}) const;

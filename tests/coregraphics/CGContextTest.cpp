@@ -1,3 +1,4 @@
+#include <array>
 #include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
@@ -118,6 +119,25 @@ TEST(CGContext, StrokesCoverTheirWidth) {
   picture->addLine({90, 30});
   picture->strokePath();
   EXPECT_NEAR(picture.coverage(), 4 * (80 * 4 + 84 * 4), 2);
+}
+
+TEST(CGContext, DotsAreStrokedAsTheirCapsAlsoWhenDashedOrStretched) {
+  const auto coverage = [](CGLineCap cap, double stretch, bool isDashed) {
+    Picture picture(60, 60, 2);
+    picture->scaleBy(stretch, 1);
+    picture->setLineWidth(10);
+    picture->setLineCap(cap);
+    if (isDashed) picture->setLineDash(0, std::array{3.0, 3.0});
+    picture->move({15, 20});
+    picture->addLine({15, 20});
+    picture->strokePath();
+    return picture.coverage() / 4 / stretch;
+  };
+  for (const bool isDashed : {false, true}) {
+    EXPECT_NEAR(coverage(CGLineCap::square, 1, isDashed), 100, 0.5);
+    EXPECT_NEAR(coverage(CGLineCap::round, 2, isDashed), std::numbers::pi * 25, 0.5);
+    EXPECT_EQ(coverage(CGLineCap::butt, 1, isDashed), 0);
+  }
 }
 
 TEST(CGContext, StrokesStretchWithAnUnevenTransform) {

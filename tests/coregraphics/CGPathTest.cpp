@@ -165,6 +165,30 @@ TEST(CGPath, StrokeOutlineCoversTheStroke) {
   EXPECT_TRUE(path->copyStrokingWithWidth(1, CGLineCap::butt, CGLineJoin::miter, 10)->isEmpty());
 }
 
+TEST(CGPath, StrokesOfDotsAreTheirCaps) {
+  VirtualHostScope host;
+  auto line = make<CGMutablePath>();
+  line->move({20, 20});
+  line->addLine({20, 20});
+  auto closed = make<CGMutablePath>();
+  closed->move({20, 20});
+  closed->closeSubpath();
+  for (const auto& dot : {line, closed}) {
+    const auto outline = [&](CGLineCap cap) {
+      return dot->copyStrokingWithWidth(10, cap, CGLineJoin::miter, 10);
+    };
+    EXPECT_TRUE(outline(CGLineCap::round)->contains({20, 24.9}));
+    EXPECT_FALSE(outline(CGLineCap::round)->contains({24, 24}));
+    EXPECT_TRUE(outline(CGLineCap::square)->contains({24.5, 24.5}));
+    EXPECT_FALSE(outline(CGLineCap::square)->contains({20, 25.1}));
+    EXPECT_TRUE(outline(CGLineCap::butt)->boundingBoxOfPath().isEmpty());
+  }
+  auto point = make<CGMutablePath>();
+  point->move({20, 20});
+  const auto nothing = point->copyStrokingWithWidth(10, CGLineCap::round, CGLineJoin::round, 10);
+  EXPECT_TRUE(nothing->boundingBoxOfPath().isEmpty());
+}
+
 TEST(CGPath, TrimsByFractionsOfTheWholeLength) {
   auto path = make<CGMutablePath>();
   path->addRect({0, 0, 10, 10});
