@@ -15,6 +15,8 @@ constexpr auto unit = "CALayer";
 
 }  // namespace
 
+std::uint64_t CALayer::treeVersion_ = 1;
+
 CALayer::CALayer() {
   values_.borderColor = CGColor::black();
   values_.shadowColor = CGColor::black();
@@ -37,6 +39,7 @@ CALayer::~CALayer() {
     layer->container_ = nullptr;
     layer->record_ = {};
   }
+  ++treeVersion_;
   if (values_.mask && values_.mask->container_ == this) values_.mask->container_ = nullptr;
 }
 

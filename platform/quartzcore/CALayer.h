@@ -361,6 +361,11 @@ class CALayer : public NSObject {
     std::vector<CALayer*> commitBelow;
     std::vector<CALayer*> renderBelow;
   };
+  /// What `contentsAreFlipped` found last, true as long as no tree changes.
+  struct Flip {
+    std::uint64_t treeVersion = 0;
+    bool isFlipped = false;
+  };
   struct Extras;
 
   [[nodiscard]] Ref<CAAction> actionForChange(std::string_view key);
@@ -381,6 +386,9 @@ class CALayer : public NSObject {
   void markCommit();
   void markRender(Effect effect);
 
+  /// Counts the changes of all trees and of what is arranged in them.
+  static std::uint64_t treeVersion_;
+
   Values values_;
   Record record_;
   CALayer* container_ = nullptr;    // the superlayer, or the layer that this is the mask of
@@ -391,6 +399,7 @@ class CALayer : public NSObject {
   MarkedSublayers marked_;
   std::unique_ptr<Extras> extras_;  // what few layers have
   std::string name_;
+  mutable Flip flip_;
   Marks marks_;
   bool isMask_ = false;
   bool isCommitted_ = false;

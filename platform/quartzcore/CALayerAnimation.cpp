@@ -83,6 +83,7 @@ Ref<CAAction> CALayer::preparedAnimation(const CAAnimation& animation) const {
 void CALayer::didChange(std::string_view key, Effect effect, const Ref<CAAction>& action) {
   if (isPresentation_) return;
   if (extras_) extras_->presentation = nullptr;
+  if (effect == Effect::rearrange) ++treeVersion_;
   if (effect != Effect::none) markRender(effect);
   if (needsDisplay(key)) setNeedsDisplay();
   if (action) action->run(key, *this);

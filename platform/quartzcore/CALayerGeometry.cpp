@@ -54,8 +54,14 @@ void CALayer::resizeSublayers(CGSize oldSize) {
 }
 
 bool CALayer::contentsAreFlipped() const {
+  // Layers are displayed from the root down, so the next one up usually knows.
   bool isFlipped = false;
-  for (const auto* layer = this; layer; layer = layer->container_) isFlipped ^= layer->isGeometryFlipped();
+  const auto* layer = this;
+  for (; layer && layer->flip_.treeVersion != treeVersion_; layer = layer->container_) {
+    isFlipped ^= layer->isGeometryFlipped();
+  }
+  if (layer) isFlipped ^= layer->flip_.isFlipped;
+  flip_ = {treeVersion_, isFlipped};
   return isFlipped;
 }
 

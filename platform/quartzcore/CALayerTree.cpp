@@ -76,6 +76,7 @@ void CALayer::insert(const Ref<CALayer>& layer, std::size_t index) {
 }
 
 void CALayer::attach(CALayer& layer, bool asMask) {
+  ++treeVersion_;
   if (layer.renderer_) layer.renderer_->setLayer(nullptr);
   layer.container_ = this;
   layer.isMask_ = asMask;
@@ -88,6 +89,7 @@ void CALayer::attach(CALayer& layer, bool asMask) {
 
 void CALayer::detachFromContainer() {
   if (!container_) return;
+  ++treeVersion_;
   const Ref<CALayer> self(this);
   auto& container = *std::exchange(container_, nullptr);
   if (std::exchange(isMask_, false)) {
@@ -113,6 +115,7 @@ void CALayer::setMask(const Ref<CALayer>& mask) {
   const auto leaving = values_.mask;
   change("mask", values_.mask, entering, Effect::rearrange);
   if (leaving && leaving->container_ == this) {
+    ++treeVersion_;
     leaving->container_ = nullptr;
     leaving->isMask_ = false;
   }

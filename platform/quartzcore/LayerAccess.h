@@ -19,6 +19,8 @@ class LayerAccess {
   static CALayer* container(const CALayer& layer) { return layer.container_; }
   static CARenderer* renderer(const CALayer& layer) { return layer.renderer_; }
   static void setRenderer(CALayer& layer, CARenderer* renderer) { layer.renderer_ = renderer; }
+  /// Grows with every change of any tree.
+  static std::uint64_t treeVersion() { return CALayer::treeVersion_; }
   static void setCommitted(CALayer& layer) { layer.isCommitted_ = true; }
   static void markCommit(CALayer& layer) { layer.markCommit(); }
   static void markRender(CALayer& layer, Effect effect) { layer.markRender(effect); }

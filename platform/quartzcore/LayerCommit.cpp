@@ -81,8 +81,10 @@ void displayMarked(CALayer& root) {
   Layers stillUnlaid;
   const auto toDisplay = takeMarks(root, stillUnlaid);
   for (const auto& layer : stillUnlaid) LayerAccess::markCommit(*layer);
+  const auto version = LayerAccess::treeVersion();
   for (const auto& layer : toDisplay) {
-    if (layer->isDescendantOf(&root)) layer->displayIfNeeded();
+    const bool isStillThere = version == LayerAccess::treeVersion() || layer->isDescendantOf(&root);
+    if (isStillThere) layer->displayIfNeeded();
   }
 }
 
