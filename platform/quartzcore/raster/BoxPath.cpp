@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <utility>
 
 namespace bkuk {
@@ -38,10 +39,17 @@ struct Turn {
 
 using Outline = std::array<Turn, 4>;
 
+// At exactly one pixel painters of paths stand between a coarse and a fine way to flatten the curve and take
+// the one here and the other there. A little less is always the fine one.
+CGFloat awayFromOne(CGFloat radius) {
+  constexpr CGFloat tooClose = 1e-6;
+  return std::abs(radius - 1) < tooClose ? 1 - 1.0 / 1024 : radius;
+}
+
 CGSize cutToHalf(CGSize radius, const CGRect& rect) {
   if (!(radius.width > 0) || !(radius.height > 0)) return {};
   const auto factor = std::min({1.0, rect.width() / 2 / radius.width, rect.height() / 2 / radius.height});
-  return {radius.width * factor, radius.height * factor};
+  return {awayFromOne(radius.width * factor), awayFromOne(radius.height * factor)};
 }
 
 Outline outlineOf(const CGRect& rect, const BoxCorners& corners) {
