@@ -12,6 +12,7 @@ namespace {
 
 constexpr int width = 1280;
 constexpr int height = 3440;
+constexpr int shadowsHeight = 2000;
 constexpr int boxCount = 1000;
 constexpr CGSize boxSize{120, 32};
 
@@ -20,8 +21,8 @@ CGRect boxFrame(int index) {
 }
 
 struct Window {
-  Window() {
-    root->setFrame({0, 0, width, height});
+  explicit Window(int height) {
+    root->setFrame({0, 0, width, static_cast<CGFloat>(height)});
     root->setBackgroundColor(CGColor::white());
     renderer.setSize({width, height}, 1);
     renderer.setLayer(root);
@@ -59,7 +60,7 @@ std::vector<Ref<CALayer>> addBoxes(Window& window) {
 
 /// A frame that repaints all of 1,000 boxes.
 void repaintBoxes(benchmark::State& state) {
-  Window window;
+  Window window(height);
   const auto boxes = addBoxes(window);
   for (auto _ : state) window.updateAll();
 }
@@ -90,7 +91,7 @@ BENCHMARK(fillSameBoxesAsPaths)->Unit(benchmark::kMicrosecond);
 
 /// A frame in which one of 1,000 boxes changes its colour.
 void repaintOneBox(benchmark::State& state) {
-  Window window;
+  Window window(height);
   const auto boxes = addBoxes(window);
   window.update();
   const std::vector colors{CGColor::white(), CGColor::black()};
@@ -108,22 +109,22 @@ BENCHMARK(repaintOneBox)->Unit(benchmark::kMicrosecond);
 
 /// What a window costs that stands still.
 void repaintNothing(benchmark::State& state) {
-  Window window;
+  Window window(height);
   const auto boxes = addBoxes(window);
   window.update();
   for (auto _ : state) window.update();
 }
 BENCHMARK(repaintNothing)->Unit(benchmark::kNanosecond);
 
-// Boxes of 200 × 100 with shadows of radius 20, each of a size of its own.
-std::vector<Ref<CALayer>> addShadows(Window& window) {
+// Cards of 200 × 100 in a grid, with shadows of radius 20, which reach 60 pixels beyond them.
+std::vector<Ref<CALayer>> addShadows(Window& window, double opacity = 0.4) {
   std::vector<Ref<CALayer>> layers;
   for (int i = 0; i < 100; ++i) {
     auto layer = make<CALayer>();
-    layer->setFrame({i % 6 * 210.0, i / 6 * 80.0, 200, 100});
+    layer->setFrame({i % 6 * 210.0 + 10, i / 6 * 110.0 + 60, 200, 100});
     layer->setBackgroundColor(CGColor::white());
     layer->setCornerRadius(6);
-    layer->setShadowOpacity(0.4);
+    layer->setShadowOpacity(opacity);
     layer->setShadowRadius(20);
     window.root->addSublayer(layer);
     layers.push_back(layer);
@@ -131,9 +132,9 @@ std::vector<Ref<CALayer>> addShadows(Window& window) {
   return layers;
 }
 
-/// A frame with 100 shadows none of which was painted before.
+/// A frame with 100 shadows none of which was painted before, each of a radius of its own.
 void paintNewShadows(benchmark::State& state) {
-  Window window;
+  Window window(shadowsHeight);
   const auto layers = addShadows(window);
   double radius = 20;
   for (auto _ : state) {
@@ -148,12 +149,21 @@ BENCHMARK(paintNewShadows)->Unit(benchmark::kMillisecond);
 
 /// The frame after it.
 void paintSameShadows(benchmark::State& state) {
-  Window window;
+  Window window(shadowsHeight);
   const auto layers = addShadows(window);
   window.update();
   for (auto _ : state) window.updateAll();
 }
 BENCHMARK(paintSameShadows)->Unit(benchmark::kMillisecond);
+
+/// The same boxes without shadows: what is left of a frame.
+void paintBoxesWithoutShadows(benchmark::State& state) {
+  Window window(shadowsHeight);
+  const auto layers = addShadows(window, 0);
+  window.update();
+  for (auto _ : state) window.updateAll();
+}
+BENCHMARK(paintBoxesWithoutShadows)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace bkuk

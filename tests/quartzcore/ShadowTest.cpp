@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <memory>
 
 #include "tests/quartzcore/LayerWindow.h"
 
@@ -86,6 +87,29 @@ TEST_F(Shadow, ABoxLongerThanItsBlurLooksLikeAnyOther) {
     const auto a = static_cast<int>(direct[static_cast<std::size_t>(i)] & 0xff);
     const auto b = static_cast<int>(window.renderer.image().pixels()[i] & 0xff);
     ASSERT_NEAR(a, b, 2) << i % 100 << ", " << i / 100;
+  }
+}
+
+TEST(ShadowOfCards, IsLeftOutWhereTheNextOnesCoverIt) {
+  const auto paint = [](bool isCovered) {
+    auto window = std::make_unique<LayerWindow>(200, 120);
+    for (int i = 0; i < 12; ++i) {
+      const auto card = window->add({i % 4 * 45.0 + 10, i / 4 * 35.0 + 5, 40, 30}, red());
+      card->setCornerRadius(i % 3 * 4);
+      card->setShadowOpacity(0.7);
+      card->setShadowRadius(i);
+      // Not quite opaque, it casts the shadow of the composed layer, of which all is painted.
+      if (!isCovered) card->setBackgroundColor(CGColor::srgb(1, 0, 0, 0.999999));
+    }
+    window->update();
+    return window;
+  };
+  const auto culled = paint(true);
+  const auto whole = paint(false);
+  for (int y = 0; y < 120; ++y) {
+    for (int x = 0; x < 200; ++x) {
+      ASSERT_NEAR(culled->green(x, y), whole->green(x, y), 2) << x << ", " << y;
+    }
   }
 }
 

@@ -19,9 +19,16 @@ class OccluderStack {
 
   void add(const PixelRect& rect);
   [[nodiscard]] bool hides(const PixelRect& rect) const;
+  /// Appends some that cover a part of `rect`.
+  void appendCovers(const PixelRect& rect, std::vector<PixelRect>& covers) const;
 
  private:
-  using Set = std::vector<PixelRect>;
+  struct Set {
+    std::vector<PixelRect> largest;
+    // What comes soon above something covers most of what the largest leave.
+    std::vector<PixelRect> latest;
+    std::size_t next = 0;  // the place in `latest` for another one
+  };
 
   std::vector<Set> sets_;
 };

@@ -94,6 +94,7 @@ Scene::~Scene() = default;
 void Scene::build(CALayer& root, const CGAffineTransform& toDevice, const PixelRect& area, double time) {
   items_.clear();
   boxes_.clear();
+  covers_.clear();
   shown_.clear();
   openGroups_ = 0;
   time_ = time;
@@ -312,7 +313,12 @@ void Scene::hideCovered(const PixelRect& area) {
       occluders.openSeparateGroup();
     } else if (!item.isHidden) {
       item.isHidden = occluders.hides(item.rect);
-      if (!item.isHidden) forOpaqueParts(item, box(item), [&](const auto& rect) { occluders.add(rect); });
+      if (item.isHidden) continue;
+      forOpaqueParts(item, box(item), [&](const auto& rect) { occluders.add(rect); });
+      if (item.kind != Kind::shadow) continue;
+      item.firstCover = covers_.size();
+      occluders.appendCovers(item.rect, covers_);
+      item.coverCount = covers_.size() - item.firstCover;
     }
   }
   coversArea_ = occluders.hides(area);

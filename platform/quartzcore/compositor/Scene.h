@@ -1,5 +1,6 @@
 #pragma once
 
+#include <span>
 #include <vector>
 
 #include "platform/quartzcore/CALayer.h"
@@ -40,6 +41,8 @@ class Scene {
     Pixel color = 0;
     int width = 0;
     LayerShadow shadow{};
+    std::size_t firstCover = 0;  ///< of a shadow: what will cover parts of it
+    std::size_t coverCount = 0;
   };
 
   Scene();
@@ -50,6 +53,10 @@ class Scene {
 
   [[nodiscard]] const std::vector<Item>& items() const { return items_; }
   [[nodiscard]] const LayerBox& box(const Item& item) const { return boxes_[item.box]; }
+  /// Opaque rectangles that will be painted over parts of the item.
+  [[nodiscard]] std::span<const PixelRect> covers(const Item& item) const {
+    return std::span(covers_).subspan(item.firstCover, item.coverCount);
+  }
   /// Whether opaque items cover all of the area.
   [[nodiscard]] bool coversArea() const { return coversArea_; }
 
@@ -75,6 +82,7 @@ class Scene {
 
   std::vector<Item> items_;
   std::vector<LayerBox> boxes_;
+  std::vector<PixelRect> covers_;
   std::vector<Step> steps_;
   std::vector<Ref<const CALayer>> shown_;
   std::vector<CALayer*> order_;

@@ -123,7 +123,7 @@ void ScenePainter::paintItem(const Scene& scene, const Item& item) {
     case Item::Kind::custom:
       return paintCustom(item, scene.box(item));
     case Item::Kind::shadow:
-      return paintShadow(item, scene.box(item));
+      return paintShadow(item, scene.box(item), scene.covers(item));
     case Item::Kind::groupBegin:
       return beginGroup(item);
     case Item::Kind::maskBegin:
@@ -180,7 +180,7 @@ void ScenePainter::paintCustom(const Item& item, const LayerBox& box) {
   LayerAccess::paint(*item.layer, context);
 }
 
-void ScenePainter::paintShadow(const Item& item, const LayerBox& box) {
+void ScenePainter::paintShadow(const Item& item, const LayerBox& box, std::span<const PixelRect> covers) {
   const auto& shadow = item.shadow;
   const auto color = scaled(shadow.color, toByte(item.alpha));
   const bool isBox = shadow.kind == LayerShadow::Kind::box;
@@ -193,9 +193,7 @@ void ScenePainter::paintShadow(const Item& item, const LayerBox& box) {
   if (!mask) return;
   rect.x += shadow.dx;
   rect.y += shadow.dy;
-  // The box itself will cover the middle of its shadow.
-  const auto hole = isBox ? insetBy(box.rect, static_cast<int>(std::ceil(box.shape.radius))) : PixelRect();
-  mask->paint(top().pixels, item.rect, rect, hole, color);
+  mask->paint(top().pixels, item.rect, rect, covers, color);
 }
 
 // Groups

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <span>
 #include <vector>
 
 #include "platform/quartzcore/compositor/Scene.h"
@@ -28,7 +29,7 @@ class ScenePainter {
   void paintRing(const Item& item, const LayerBox& box);
   void paintContents(const Item& item, const LayerBox& box);
   void paintCustom(const Item& item, const LayerBox& box);
-  void paintShadow(const Item& item, const LayerBox& box);
+  void paintShadow(const Item& item, const LayerBox& box, std::span<const PixelRect> covers);
   void beginGroup(const Item& item);
   void beginMask();
   void endGroup(const Item& item, const LayerBox& box);

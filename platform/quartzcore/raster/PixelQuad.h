@@ -8,74 +8,98 @@
 
 namespace bkuk {
 
-static_assert(std::endian::native == std::endian::little,
-              "the halves are taken apart and joined by their low bytes");
-
 /// Four neighbouring pixels, calculated with side by side. The results are those of `scaled` and `over`.
 class PixelQuad {
+  using Words = std::uint16_t __attribute__((vector_size(16)));
+
  public:
   static constexpr int length = 4;
 
+  /// Eight bytes, factors for the pixels of two quads.
+  class Factors {
+   public:
+    [[nodiscard]] static Factors load(const std::uint8_t* bytes) {
+      Bytes eight;
+      std::memcpy(&eight, bytes, sizeof eight);
+      return Factors(__builtin_convertvector(eight, Words));
+    }
+    [[nodiscard]] Factors scaledBy(std::uint32_t factor) const {
+      return Factors(divided(words_ * static_cast<std::uint16_t>(factor)));
+    }
+    [[nodiscard]] bool areAllZero() const {
+      using Halves = std::uint64_t __attribute__((vector_size(16)));
+      const auto halves = std::bit_cast<Halves>(words_);
+      return (halves[0] | halves[1]) == 0;
+    }
+
+   private:
+    friend PixelQuad;
+    using Bytes = std::uint8_t __attribute__((vector_size(8)));
+
+    explicit Factors(Words words) : words_(words) {}
+    // Each in both halves of its pixel.
+    [[nodiscard]] Words first() const {
+      return __builtin_shufflevector(words_, words_, 0, 0, 1, 1, 2, 2, 3, 3);
+    }
+    [[nodiscard]] Words second() const {
+      return __builtin_shufflevector(words_, words_, 4, 4, 5, 5, 6, 6, 7, 7);
+    }
+
+    Words words_;
+  };
+
   [[nodiscard]] static PixelQuad load(const Pixel* pixels) {
-    Bytes bytes;
-    std::memcpy(&bytes, pixels, sizeof bytes);
-    return widened(bytes);
+    Words words;
+    std::memcpy(&words, pixels, sizeof words);
+    return {words & 0xff, words >> 8};
   }
   [[nodiscard]] static PixelQuad of(Pixel pixel) {
     const Pixel pixels[length] = {pixel, pixel, pixel, pixel};
     return load(pixels);
   }
   void store(Pixel* pixels) const {
-    const auto bytes = __builtin_shufflevector(std::bit_cast<Bytes>(low_), std::bit_cast<Bytes>(high_), 0, 2,
-                                               4, 6, 8, 10, 12, 14, 16, 18, 20, 22, 24, 26, 28, 30);
-    std::memcpy(pixels, &bytes, sizeof bytes);
+    const Words words = even_ | (odd_ << 8);
+    std::memcpy(pixels, &words, sizeof words);
   }
 
   [[nodiscard]] PixelQuad scaledBy(std::uint32_t factor) const {
     const auto word = static_cast<std::uint16_t>(factor);
-    return {divided(low_ * word), divided(high_ * word)};
+    return {divided(even_ * word), divided(odd_ * word)};
   }
-  /// Each pixel by a factor of its own.
-  [[nodiscard]] PixelQuad scaledByEach(const std::uint8_t* factors) const {
-    std::uint32_t four = 0;
-    std::memcpy(&four, factors, sizeof four);
-    const Integers integers{four};
-    const auto bytes = std::bit_cast<Bytes>(integers);
-    const auto twice = std::bit_cast<Words>(interleaved(bytes, bytes));
-    const auto fourTimes = __builtin_shufflevector(twice, twice, 0, 8, 1, 9, 2, 10, 3, 11);
-    const auto each = widened(std::bit_cast<Bytes>(fourTimes));
-    return {divided(low_ * each.low_), divided(high_ * each.high_)};
-  }
+  [[nodiscard]] PixelQuad scaledByFirst(const Factors& each) const { return scaledByEach(each.first()); }
+  [[nodiscard]] PixelQuad scaledBySecond(const Factors& each) const { return scaledByEach(each.second()); }
+
   /// Painted over `below`.
   [[nodiscard]] PixelQuad over(const PixelQuad& below) const {
-    return {low_ + divided(below.low_ * (255 - alphas(low_))),
-            high_ + divided(below.high_ * (255 - alphas(high_)))};
+    const Words rest = 255 - __builtin_shufflevector(odd_, odd_, 1, 1, 3, 3, 5, 5, 7, 7);
+    return {even_ + divided(below.even_ * rest), odd_ + divided(below.odd_ * rest)};
+  }
+
+  /// Black painted over this, each pixel with an alpha of its own.
+  [[nodiscard]] PixelQuad darkenedByFirst(const Factors& alphas) const {
+    return darkenedByEach(alphas.first());
+  }
+  [[nodiscard]] PixelQuad darkenedBySecond(const Factors& alphas) const {
+    return darkenedByEach(alphas.second());
   }
 
  private:
-  using Bytes = std::uint8_t __attribute__((vector_size(16)));
-  using Words = std::uint16_t __attribute__((vector_size(16)));
-  using Integers = std::uint32_t __attribute__((vector_size(16)));
+  PixelQuad(const Words& even, const Words& odd) : even_(even), odd_(odd) {}
 
-  PixelQuad(const Words& low, const Words& high) : low_(low), high_(high) {}
-
-  static PixelQuad widened(Bytes bytes) {
-    constexpr Bytes zero{};
-    const auto high =
-        __builtin_shufflevector(bytes, zero, 8, 24, 9, 25, 10, 26, 11, 27, 12, 28, 13, 29, 14, 30, 15, 31);
-    return {std::bit_cast<Words>(interleaved(bytes, zero)), std::bit_cast<Words>(high)};
+  [[nodiscard]] PixelQuad scaledByEach(Words each) const {
+    return {divided(even_ * each), divided(odd_ * each)};
   }
-  // The lower halves' bytes in turn.
-  static Bytes interleaved(Bytes a, Bytes b) {
-    return __builtin_shufflevector(a, b, 0, 16, 1, 17, 2, 18, 3, 19, 4, 20, 5, 21, 6, 22, 7, 23);
+  [[nodiscard]] PixelQuad darkenedByEach(Words each) const {
+    constexpr Words alphaOnly{0, 0xff, 0, 0xff, 0, 0xff, 0, 0xff};
+    const Words rest = 255 - each;
+    return {divided(even_ * rest), divided(odd_ * rest) + (each & alphaOnly)};
   }
   // By 255, rounded to the nearest.
   static Words divided(Words words) { return (words + (words >> 8) + 0x80) >> 8; }
-  // The alpha of each pixel in the place of each of its components.
-  static Words alphas(Words words) { return __builtin_shufflevector(words, words, 3, 3, 3, 3, 7, 7, 7, 7); }
 
-  Words low_;
-  Words high_;
+  // Of each pixel two components in the halves of 32 bits: blue and red, and green and alpha.
+  Words even_;
+  Words odd_;
 };
 
 }  // namespace bkuk

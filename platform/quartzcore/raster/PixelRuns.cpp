@@ -1,7 +1,6 @@
 #include "platform/quartzcore/raster/PixelRuns.h"
 
 #include <algorithm>
-#include <cstring>
 
 #include "platform/quartzcore/raster/PixelQuad.h"
 
@@ -11,10 +10,33 @@ namespace {
 
 constexpr int quad = PixelQuad::length;
 
-bool areAllZero(const std::uint8_t* coverages) {
-  std::uint32_t four = 0;
-  std::memcpy(&four, coverages, sizeof four);
-  return four == 0;
+using Factors = PixelQuad::Factors;
+
+// Calls `paint` with eight pixels and their factors at a time, but for those that nothing covers.
+void forEachEight(Pixel* pixels, const std::uint8_t* coverages, int count, std::uint32_t alpha,
+                  auto&& paint) {
+  constexpr int eight = 2 * quad;
+  const auto paintEight = [&](Pixel* some, const std::uint8_t* theirs) {
+    const auto factors = alpha == 255 ? Factors::load(theirs) : Factors::load(theirs).scaledBy(alpha);
+    if (!factors.areAllZero()) paint(some, factors);
+  };
+  int i = 0;
+  for (; i + eight <= count; i += eight) paintEight(pixels + i, coverages + i);
+  if (i >= count) return;
+  Pixel rest[eight] = {};
+  std::uint8_t theirs[eight] = {};
+  for (int k = i; k < count; ++k) rest[k - i] = pixels[k];
+  for (int k = i; k < count; ++k) theirs[k - i] = coverages[k];
+  paintEight(rest, theirs);
+  for (int k = i; k < count; ++k) pixels[k] = rest[k - i];
+}
+
+// What `paintCovered` does at less cost: black pixels are nothing but alpha, and most shadows are black.
+void paintBlackCovered(Pixel* pixels, const std::uint8_t* coverages, int count, std::uint32_t alpha) {
+  forEachEight(pixels, coverages, count, alpha, [](Pixel* eight, const Factors& alphas) {
+    PixelQuad::load(eight).darkenedByFirst(alphas).store(eight);
+    PixelQuad::load(eight + quad).darkenedBySecond(alphas).store(eight + quad);
+  });
 }
 
 }  // namespace
@@ -32,13 +54,13 @@ void paintOver(Pixel* pixels, int count, Pixel color) {
 }
 
 void paintCovered(Pixel* pixels, const std::uint8_t* coverages, int count, Pixel color) {
+  const bool isBlack = color << 8 == 0;
+  if (isBlack) return paintBlackCovered(pixels, coverages, count, alphaOf(color));
   const auto four = PixelQuad::of(color);
-  int i = 0;
-  for (; i + quad <= count; i += quad) {
-    if (areAllZero(coverages + i)) continue;
-    four.scaledByEach(coverages + i).over(PixelQuad::load(pixels + i)).store(pixels + i);
-  }
-  for (; i < count; ++i) pixels[i] = over(scaled(color, coverages[i]), pixels[i]);
+  forEachEight(pixels, coverages, count, 255, [&](Pixel* eight, const Factors& factors) {
+    four.scaledByFirst(factors).over(PixelQuad::load(eight)).store(eight);
+    four.scaledBySecond(factors).over(PixelQuad::load(eight + quad)).store(eight + quad);
+  });
 }
 
 void paintImage(Pixel* pixels, const Pixel* image, int count, std::uint32_t alpha) {

@@ -34,6 +34,37 @@ int stretched(int position, int fullLength, int length) {
   return std::max(middle, length - 1 - fromEnd);
 }
 
+// Asks for a row of pixels that will be needed soon. Short pieces of rows that lie far apart in memory are
+// more than the processor foresees by itself.
+void fetchAhead(const PixelTarget& target, const PixelRect& area, int y) {
+  constexpr int pixelsOfLine = 16;
+  if (y >= area.maxY()) return;
+  const auto* row = target.at(area.x, y);
+  for (int x = 0; x < area.width; x += pixelsOfLine) __builtin_prefetch(row + x, 1);
+}
+
+// The parts of a row of pixels that nothing covers.
+class OpenParts {
+ public:
+  explicit OpenParts(std::span<const PixelRect> covers) : covers_(covers.begin(), covers.end()) {
+    std::ranges::sort(covers_, {}, &PixelRect::x);
+  }
+
+  // Calls `visit` with the start and the end of each between `minX` and `maxX`.
+  void forEach(int y, int minX, int maxX, auto&& visit) const {
+    for (const auto& cover : covers_) {
+      if (y < cover.y || y >= cover.maxY() || cover.maxX() <= minX) continue;
+      if (cover.x >= maxX) break;
+      if (cover.x > minX) visit(minX, cover.x);
+      minX = cover.maxX();
+    }
+    if (minX < maxX) visit(minX, maxX);
+  }
+
+ private:
+  std::vector<PixelRect> covers_;
+};
+
 struct BoxKey {
   RoundedBox box;
   double sigma;
@@ -114,18 +145,17 @@ ShadowMask::Placed ShadowMask::ofImage(const host::Bitmap& image, int x, int y, 
 }
 
 void ShadowMask::paint(const PixelTarget& target, const PixelRect& clip, const PixelRect& rect,
-                       const PixelRect& hole, Pixel color) const {
+                       std::span<const PixelRect> covers, Pixel color) const {
   const auto area = intersect(intersect(rect, clip), target.area());
   if (area.isEmpty() || plane_.empty()) return;
+  const OpenParts open(covers);
   for (int y = area.y; y < area.maxY(); ++y) {
+    fetchAhead(target, area, y + 4);
     const auto row = stretched(y - rect.y, rect.height, size_.height);
     const auto* cells = plane_.data() + static_cast<std::ptrdiff_t>(row) * size_.width;
     auto* pixels = target.at(area.x, y) - area.x;
-    const bool crossesHole = y >= hole.y && y < hole.maxY() && hole.width > 0;
-    const auto gapStart = crossesHole ? std::clamp(hole.x, area.x, area.maxX()) : area.maxX();
-    const auto gapEnd = crossesHole ? std::clamp(hole.maxX(), area.x, area.maxX()) : area.maxX();
-    paintPart(pixels, cells, rect, area.x, gapStart, color);
-    paintPart(pixels, cells, rect, gapEnd, area.maxX(), color);
+    open.forEach(y, area.x, area.maxX(),
+                 [&](int minX, int maxX) { paintPart(pixels, cells, rect, minX, maxX, color); });
   }
 }
 

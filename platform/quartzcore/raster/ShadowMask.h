@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <vector>
 
 #include "platform/coregraphics/CGPath.h"
@@ -30,9 +31,10 @@ class ShadowMask {
   /// Of an image's alpha, whose first pixel is the device pixel (`x`, `y`). Not kept.
   [[nodiscard]] static Placed ofImage(const host::Bitmap& image, int x, int y, double sigma);
 
-  /// Paints the shadow in `rect`, where the mask was placed or moved to, but for the pixels in `hole`.
-  void paint(const PixelTarget& target, const PixelRect& clip, const PixelRect& rect, const PixelRect& hole,
-             Pixel color) const;
+  /// Paints the shadow in `rect`, where the mask was placed or moved to, but for the pixels of `covers`, over
+  /// which something opaque will be painted.
+  void paint(const PixelTarget& target, const PixelRect& clip, const PixelRect& rect,
+             std::span<const PixelRect> covers, Pixel color) const;
 
   [[nodiscard]] std::size_t byteCount() const { return plane_.size(); }
 
