@@ -2,7 +2,10 @@
 #include "gallery/pages/AnimationPage.h"
 #include "gallery/pages/ColourRolesPage.h"
 #include "gallery/pages/FillsPage.h"
+#include "gallery/pages/KeyboardPage.h"
 #include "gallery/pages/ShapesPage.h"
+#include "gallery/pages/StatesPage.h"
+#include "gallery/pages/TriggerPage.h"
 
 namespace bkuk::gallery {
 
@@ -21,6 +24,9 @@ std::span<const GalleryPageEntry> galleryPages() {
       {"Shapes", "shapes", makePageOf<ShapesPage>},
       {"Fills and shadows", "fills", makePageOf<FillsPage>},
       {"Animation", "animation", makePageOf<AnimationPage>},
+      {"States", "states", makePageOf<StatesPage>},
+      {"Keyboard", "keyboard", makePageOf<KeyboardPage>},
+      {"Trigger", "trigger", makePageOf<TriggerPage>},
   };
   return pages;
 }

@@ -1,5 +1,7 @@
 #include "gallery/GalleryWindow.h"
 
+#include "BrenvikUIKit/interaction/BKUKWindow.h"
+
 namespace bkuk::gallery {
 
 namespace {
@@ -20,8 +22,9 @@ GalleryWindow makeGalleryWindow(const GalleryOptions& options) {
   const auto direction = options.direction.value_or(desktopDirection());
   applyAppearance(appearance);
   if (options.direction) applyDirection(direction);
-  GalleryWindow gallery{make<NSWindow>(NSRect({}, usualSize)),
+  GalleryWindow gallery{make<BKUKWindow>(NSRect({}, usualSize)),
                         make<GalleryContent>(options.page, appearance, direction)};
+  gallery.window->setAutorecalculatesKeyViewLoop(false);  // the content links its views itself
   gallery.window->setTitle("BrenvikUIKit Gallery");
   gallery.window->setBackgroundColor(NSColor::bkuk::background());
   gallery.window->setContentSizeLimits(smallestSize);

@@ -1,10 +1,18 @@
 #include "gallery/brand/Brand.h"
 
 #include "BrenvikUIKit/BrenvikUIKit.h"
+#include "BrenvikUIKit/interaction/BKUKKeyFocusController.h"
 #include "gallery/brand/BrandPalette.h"
 
 namespace bkuk::gallery {
 
-void installBrand() { BKUKTheme::setDefault(make<BrandPalette>()); }
+void installBrand() {
+  BKUKTheme::setDefault(make<BrandPalette>());
+  // The brand leaves the keyboard's place to the platform's ring, in its own colour.
+  BKUKKeyFocusController::defaultDrawFocusRing = [] { return false; };
+  NSColor::keyboardFocusIndicatorColor = [] {
+    return BKUKTheme::color(BKUKThemeColorRole::accentHighContrast);
+  };
+}
 
 }  // namespace bkuk::gallery

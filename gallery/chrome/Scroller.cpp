@@ -15,6 +15,7 @@ constexpr CGFloat thumbWidth = 5;
 constexpr CGFloat thumbMargin = 4;
 constexpr CGFloat shortestThumb = 32;
 constexpr CGFloat lineStep = 48;
+constexpr CGFloat edge = 12;  // left around what is scrolled into sight
 
 constexpr std::uint16_t homeKey = 115;
 constexpr std::uint16_t pageUpKey = 116;
@@ -77,6 +78,13 @@ void Scroller::layout() {
   const CGFloat length = std::max(shortestThumb, track * size.height / pageHeight_);
   const CGFloat place = thumbMargin + (track - length) * offset_ / furthest();
   thumb_->setFrame(fromLeading(*this, {size.width - thumbWidth - thumbMargin, place, thumbWidth, length}));
+}
+
+bool Scroller::scrollToVisible(NSRect rect) {
+  const CGFloat before = offset_;
+  if (rect.maxY() + edge > bounds().height()) scrollTo(offset_ + rect.maxY() + edge - bounds().height());
+  if (rect.minY() - edge < before - offset_) scrollTo(before + rect.minY() - edge);
+  return offset_ != before;
 }
 
 void Scroller::scrollWheel(NSEvent& event) { scrollTo(offset_ - event.scrollingDeltaY()); }

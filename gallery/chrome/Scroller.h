@@ -17,6 +17,7 @@ class Scroller : public Box {
   [[nodiscard]] bool acceptsFirstResponder() const override { return true; }
   bool becomeFirstResponder() override;
   bool resignFirstResponder() override;
+  bool scrollToVisible(NSRect rect) override;
   void scrollWheel(NSEvent& event) override;
   void keyDown(NSEvent& event) override;
   void layout() override;

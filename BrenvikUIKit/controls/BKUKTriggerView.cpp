@@ -1,0 +1,210 @@
+#include "BrenvikUIKit/controls/BKUKTriggerView.h"
+
+#include <utility>
+
+#include "BrenvikUIKit/interaction/BKUKKeyCodes.h"
+#include "platform/appkit/NSBezierPath.h"
+#include "platform/appkit/NSWindow.h"
+#include "platform/foundation/NSCoder.h"
+
+namespace bkuk {
+
+BKUKTriggerView::~BKUKTriggerView() { stopTimer(); }
+
+Ref<BKUKTriggerView> BKUKTriggerView::decoded(NSCoder& coder) {
+  const auto number = [&](std::string_view key) { return coder.decodeDouble(key).value_or(0); };
+  return make<BKUKTriggerView>(NSRect{number("x"), number("y"), number("width"), number("height")});
+}
+
+void BKUKTriggerView::didInit() {
+  NSControl::didInit();
+    setAccessibilityRole(NSAccessibilityUnknownRole);
+    setAccessibilityElement(true);
+}
+
+const SelectorTable& BKUKTriggerView::selectors() const {
+  static const auto& table = SelectorTable::make(
+      NSControl::selectors(), {{"beginFireUserActions", bkuk::action<&BKUKTriggerView::beginFireUserActions>},
+                               {"performActionTick", bkuk::action<&BKUKTriggerView::performActionTick>}});
+  return table;
+}
+
+void BKUKTriggerView::setState(States state) {
+  state_ = state;
+  stateChanged(state);
+}
+
+void BKUKTriggerView::stateChanged(States) { setNeedsDisplay(true); }
+
+void BKUKTriggerView::setSelected(bool selected) {
+  selected_ = selected;
+  setNeedsDisplay(true);
+}
+
+bool BKUKTriggerView::isUsable() const {
+  return state_ != States::disabled && window() && isEnabled() && !isHidden() && interactive_;
+}
+
+bool BKUKTriggerView::isPointerInside() const {
+  const auto window = this->window();
+  if (!window) return false;
+  const NSPoint place = convertPointFrom(window->mouseLocationOutsideOfEventStream(), nullptr);
+  return NSMouseInRect(place, bounds(), false);
+}
+
+// Firing
+
+bool BKUKTriggerView::performUserAction() {
+  if (!isUsable()) return false;
+  const Ref<BKUKTriggerView> self(this);
+  performAction();
+  sendAction(NSControl::action(), target().get());
+  // The block may replace itself, so a copy is called.
+  if (const auto block = actionBlock_) block(*this);
+  return true;
+}
+
+bool BKUKTriggerView::simulateUserAction() {
+  const Ref<BKUKTriggerView> self(this);
+  if (!performUserAction()) return false;
+  setSelected(!selected_);
+  return true;
+}
+
+void BKUKTriggerView::startPress() {
+  if (actionTimer_) return;
+  performUserAction();
+  // The action may have started and ended a press of its own.
+  if (!actionTimer_) schedule(delayAfterFirstTick_, "beginFireUserActions", false);
+}
+
+void BKUKTriggerView::beginFireUserActions() {
+  const Ref<BKUKTriggerView> self(this);
+  const auto spent = actionTimer_;
+  performUserAction();
+  // The action may have ended the press, or begun another.
+  if (spent && actionTimer_ == spent) schedule(delayBetweenTicks_, "performActionTick", true);
+}
+
+void BKUKTriggerView::performActionTick() { performUserAction(); }
+
+void BKUKTriggerView::schedule(double delay, Selector action, bool repeats) {
+  actionTimer_ = NSTimer::scheduledTimerWithWeakTarget(delay, this, action, nullptr, repeats);
+}
+
+void BKUKTriggerView::stopTimer() {
+  if (const auto timer = std::exchange(actionTimer_, nullptr)) timer->invalidate();
+}
+
+// Availability
+
+void BKUKTriggerView::setEnabled(bool enabled) {
+  const Ref<BKUKTriggerView> self(this);
+  NSControl::setEnabled(enabled);
+  setState(enabled ? States::normal : States::disabled);
+  updateTrackingAreas();
+}
+
+void BKUKTriggerView::setHidden(bool hidden) {
+  if (hidden == isHidden()) return;
+  const Ref<BKUKTriggerView> self(this);
+  NSControl::setHidden(hidden);
+  updateTrackingAreas();
+}
+
+void BKUKTriggerView::viewDidMoveToWindow() {
+  const Ref<BKUKTriggerView> self(this);
+  NSControl::viewDidMoveToWindow();
+  updateTrackingAreas();
+}
+
+// Keyboard
+
+const Ref<BKUKKeyFocusController>& BKUKTriggerView::focus() {
+  if (!focus_) focus_ = make<BKUKKeyFocusController>(this, BKUKKeyFocusController::Preset::button);
+  return focus_;
+}
+
+bool BKUKTriggerView::canBecomeKeyView() const {
+  return isEnabled() && const_cast<BKUKTriggerView*>(this)->focus()->canBecomeKeyView();
+}
+
+bool BKUKTriggerView::becomeFirstResponder() {
+  const Ref<BKUKTriggerView> self(this);
+  return NSControl::becomeFirstResponder() && focus()->becomeFocused();
+}
+
+bool BKUKTriggerView::resignFirstResponder() {
+  const Ref<BKUKTriggerView> self(this);
+  if (!NSControl::resignFirstResponder()) return false;
+  // The release of a held key goes to whoever has the keyboard next.
+  stopTimer();
+  focus()->resignFocus();
+  return true;
+}
+
+NSRect BKUKTriggerView::focusRingMaskBounds() { return focus()->focusRingMaskBounds(); }
+
+void BKUKTriggerView::drawFocusRingMask() {
+  if (focus()->drawFocusRingMask()) return;
+  const CGFloat radius = layer() ? layer()->cornerRadius() : 0;
+  NSBezierPath::roundedRect(bounds(), radius, radius)->fill();
+}
+
+void BKUKTriggerView::keyDown(NSEvent& event) {
+  if (event.keyCode() != rawValue(BKUKKeyCodes::space)) return NSControl::keyDown(event);
+  const Ref<BKUKTriggerView> self(this);
+  startPress();
+}
+
+void BKUKTriggerView::keyUp(NSEvent& event) {
+  if (event.keyCode() != rawValue(BKUKKeyCodes::space)) return NSControl::keyUp(event);
+  stopTimer();
+}
+
+// Pointer
+
+void BKUKTriggerView::mouseDown(NSEvent& event) {
+  const Ref<BKUKTriggerView> self(this);
+  NSControl::mouseDown(event);
+  if (!isUsable()) return;
+  setState(States::pressed);
+  startPress();
+}
+
+void BKUKTriggerView::mouseUp(NSEvent& event) {
+  const Ref<BKUKTriggerView> self(this);
+  NSControl::mouseUp(event);
+  stopTimer();
+  if (!isUsable()) return;
+  if (!isPointerInside()) return setState(States::normal);
+  setSelected(!selected_);
+  setState(States::hover);
+}
+
+void BKUKTriggerView::mouseEntered(NSEvent& event) {
+  const Ref<BKUKTriggerView> self(this);
+  NSControl::mouseEntered(event);
+  if (state_ != States::pressed) setState(States::hover);
+}
+
+void BKUKTriggerView::mouseExited(NSEvent& event) {
+  const Ref<BKUKTriggerView> self(this);
+  NSControl::mouseExited(event);
+  setState(States::normal);
+  stopTimer();
+}
+
+void BKUKTriggerView::updateTrackingAreas() {
+  const Ref<BKUKTriggerView> self(this);
+  NSControl::updateTrackingAreas();
+  if (const auto old = std::exchange(trackingArea_, nullptr)) removeTrackingArea(old);
+  if (!window() || state_ == States::disabled || !isEnabled() || isHidden()) return;
+  trackingArea_ = make<NSTrackingArea>(
+      bounds(),
+      NSTrackingMouseEnteredAndExited | NSTrackingActiveInActiveApp | NSTrackingEnabledDuringMouseDrag, this);
+  addTrackingArea(trackingArea_);
+  setState(isPointerInside() ? States::hover : States::normal);
+}
+
+}  // namespace bkuk

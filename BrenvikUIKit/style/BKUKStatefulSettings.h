@@ -1,0 +1,99 @@
+#pragma once
+
+#include <concepts>
+#include <optional>
+#include <utility>
+
+#include "BrenvikUIKit/interaction/BKUKInteractionState.h"
+#include "platform/foundation/Ref.h"
+
+namespace bkuk {
+
+class BKUKFill;
+class NSColor;
+
+/// The arguments of `BKUKStatefulSettings::with`: each given one replaces the value of its state.
+template <typename T>
+struct BKUKStatefulChanges {
+  std::optional<T> normal{};
+  std::optional<T> hover{};
+  std::optional<T> pressed{};
+  std::optional<T> disabled{};
+};
+
+/// A value by interaction state: one for the normal state, and where it differs one for the others. A state
+/// without a value of its own takes the normal one, never that of another state.
+///
+/// An immutable value; objects in it are shared between copies. What belongs to one type of element only
+/// (`clear`, `noShadow` and others) is declared in the header that names the type.
+template <typename T>
+class BKUKStatefulSettings {
+ public:
+  using Changes = BKUKStatefulChanges<T>;
+
+  /// The same value for all states.
+  BKUKStatefulSettings(T normal) : normal_(std::move(normal)) {}
+  /// An absent value makes its state take the normal one.
+  BKUKStatefulSettings(T normal, std::optional<T> hover, std::optional<T> pressed = {},
+                       std::optional<T> disabled = {})
+      : normal_(std::move(normal)),
+        hover_(std::move(hover)),
+        pressed_(std::move(pressed)),
+        disabled_(std::move(disabled)) {}
+  /// A fill of each state's colour; all four states have their own.
+  template <typename Color>
+  requires std::same_as<T, BKUKFill> && std::same_as<Color, Ref<NSColor>>
+  explicit BKUKStatefulSettings(const BKUKStatefulSettings<Color>& statefulColor)
+      : BKUKStatefulSettings(statefulColor.map([](const Color& color) { return T::color(color); })) {}
+
+  [[nodiscard]] const T& normal() const { return normal_; }
+  [[nodiscard]] const T& hover() const { return hover_ ? *hover_ : normal_; }
+  [[nodiscard]] const T& pressed() const { return pressed_ ? *pressed_ : normal_; }
+  [[nodiscard]] const T& disabled() const { return disabled_ ? *disabled_ : normal_; }
+
+  [[nodiscard]] const T& operator[](BKUKInteractionState state) const {
+    switch (state) {
+      case BKUKInteractionState::hover:
+        return hover();
+      case BKUKInteractionState::pressed:
+        return pressed();
+      case BKUKInteractionState::disabled:
+        return disabled();
+      case BKUKInteractionState::normal:
+        break;
+    }
+    return normal();
+  }
+
+  /// A setting in which all states have their own value: the given one, else the one that this setting
+  /// answers for the state. So a new normal value leaves the look of the other states as it was.
+  [[nodiscard]] BKUKStatefulSettings with(Changes changes) const {
+    return {std::move(changes.normal).value_or(normal()), std::move(changes.hover).value_or(hover()),
+            std::move(changes.pressed).value_or(pressed()), std::move(changes.disabled).value_or(disabled())};
+  }
+
+  /// What `convert` makes of each state's value; all four states have their own.
+  template <typename Convert>
+  [[nodiscard]] auto map(Convert&& convert) const {
+    using Result = BKUKStatefulSettings<std::decay_t<decltype(convert(normal()))>>;
+    return Result(convert(normal()), convert(hover()), convert(pressed()), convert(disabled()));
+  }
+
+  // Of colours: see `BKUKStatefulColors.h`. Of fills, shadows and numbers: see `BKUKStatefulFills.h`,
+  // `BKUKStatefulShadows.h` and `BKUKStatefulNumbers.h`.
+
+  [[nodiscard]] static const BKUKStatefulSettings& clear();
+  [[nodiscard]] static const BKUKStatefulSettings& noShadow();
+  [[nodiscard]] static const BKUKStatefulSettings& basicImageButton();
+  [[nodiscard]] BKUKStatefulSettings<Ref<NSColor>> convertToStatefulColor() const;
+
+  bool operator==(const BKUKStatefulSettings&) const = default;
+
+ private:
+  T normal_;
+  std::optional<T> hover_;
+  std::optional<T> pressed_;
+  std::optional<T> disabled_;
+};
+
+}  // namespace bkuk
