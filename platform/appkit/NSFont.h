@@ -1,0 +1,40 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/coretext/CTFont.h"
+
+namespace bkuk {
+
+/// A face at a size. Immutable; the same name and size give the same object while one lives. Metrics are the
+/// face's own, not rounded, in points.
+class NSFont final : public NSObject {
+ public:
+  /// The face of that PostScript name, exactly; empty when there is none. A size of 0 means 12 points.
+  [[nodiscard]] static Ref<NSFont> font(std::string_view name, CGFloat size);
+  /// The desktop's interface face. A size of 0 means 13 points.
+  [[nodiscard]] static Ref<NSFont> systemFont(CGFloat ofSize);
+
+  /// Of a face that is known by `name`, which may be another than its own.
+  NSFont(std::string name, Ref<CTFont> face) : name_(std::move(name)), face_(std::move(face)) {}
+
+  [[nodiscard]] const std::string& fontName() const { return name_; }
+  [[nodiscard]] CGFloat pointSize() const { return face_->size(); }
+  [[nodiscard]] CGFloat ascender() const { return face_->ascent(); }
+  /// Negative below the baseline.
+  [[nodiscard]] CGFloat descender() const { return -face_->descent(); }
+  [[nodiscard]] CGFloat leading() const { return face_->leading(); }
+  [[nodiscard]] CGFloat capHeight() const { return face_->capHeight(); }
+  [[nodiscard]] CGFloat xHeight() const { return face_->xHeight(); }
+
+  [[nodiscard]] const Ref<CTFont>& face() const { return face_; }
+
+  [[nodiscard]] std::string className() const override { return "NSFont"; }
+
+ private:
+  std::string name_;
+  Ref<CTFont> face_;
+};
+
+}  // namespace bkuk

@@ -1,0 +1,83 @@
+#pragma once
+
+#include "platform/appkit/NSColor.h"
+#include "platform/appkit/NSControl.h"
+#include "platform/appkit/NSFont.h"
+#include "platform/appkit/NSTextAlignment.h"
+#include "platform/coretext/CTLine.h"
+
+namespace bkuk {
+
+/// One line of text. A field that is neither editable nor selectable is static: it passes the pointer on to
+/// what it lies on and never takes the keyboard.
+class NSTextField : public NSControl {
+ public:
+  using NSControl::NSControl;
+
+  /// A static field without bezel and background.
+  [[nodiscard]] static Ref<NSTextField> labelWithString(std::string text);
+
+  [[nodiscard]] const std::string& stringValue() const { return stringValue_; }
+  /// UTF-8; line breaks show as spaces.
+  void setStringValue(std::string text);
+  /// The desktop's interface face at first.
+  [[nodiscard]] const Ref<NSFont>& font() const { return font_; }
+  void setFont(Ref<NSFont> font);
+  /// Resolved when it is drawn; absent, as at first, for black on a light appearance and white on a dark one.
+  [[nodiscard]] const Ref<NSColor>& textColor() const { return textColor_; }
+  void setTextColor(Ref<NSColor> color);
+  /// Painted where `drawsBackground`; absent for none.
+  [[nodiscard]] const Ref<NSColor>& backgroundColor() const { return backgroundColor_; }
+  void setBackgroundColor(Ref<NSColor> color);
+  [[nodiscard]] NSTextAlignment alignment() const { return alignment_; }
+  void setAlignment(NSTextAlignment alignment);
+  /// What becomes of text that is wider than the field; a field wraps nothing, so both wrapping modes clip.
+  [[nodiscard]] NSLineBreakMode lineBreakMode() const { return lineBreakMode_; }
+  void setLineBreakMode(NSLineBreakMode mode);
+
+  [[nodiscard]] bool isEditable() const { return editable_; }
+  void setEditable(bool editable);
+  [[nodiscard]] bool isSelectable() const { return selectable_; }
+  void setSelectable(bool selectable);
+  [[nodiscard]] bool drawsBackground() const { return drawsBackground_; }
+  void setDrawsBackground(bool draws);
+  /// A field has a bezel or a border, or neither: setting one true clears the other.
+  [[nodiscard]] bool isBezeled() const { return bezeled_; }
+  void setBezeled(bool bezeled);
+  [[nodiscard]] bool isBordered() const { return bordered_; }
+  void setBordered(bool bordered);
+
+  [[nodiscard]] bool acceptsFirstResponder() const override { return isEnabled() && !isStatic(); }
+  [[nodiscard]] bool needsPanelToBecomeKey() const override { return editable_; }
+  void mouseDown(NSEvent& event) override;
+
+  [[nodiscard]] bool isFlipped() const override { return true; }
+  void draw(NSRect dirtyRect) override;
+
+  [[nodiscard]] NSAccessibilityValue accessibilityValue() const override { return stringValue_; }
+  [[nodiscard]] std::string className() const override { return "NSTextField"; }
+
+ protected:
+  void didInit() override;
+
+ private:
+  [[nodiscard]] bool isStatic() const { return !editable_ && !selectable_; }
+  [[nodiscard]] const Ref<CTLine>& line() const;
+  [[nodiscard]] Ref<CTLine> lineFitting(CGFloat width) const;
+  void textDidChange();
+
+  std::string stringValue_;
+  Ref<NSFont> font_;
+  Ref<NSColor> textColor_;
+  Ref<NSColor> backgroundColor_;
+  NSTextAlignment alignment_ = NSTextAlignment::natural;
+  NSLineBreakMode lineBreakMode_ = NSLineBreakMode::clipping;
+  bool editable_ = true;
+  bool selectable_ = true;
+  bool drawsBackground_ = true;
+  bool bezeled_ = true;
+  bool bordered_ = false;
+  mutable Ref<CTLine> line_;  // of the whole text; made when it is needed
+};
+
+}  // namespace bkuk

@@ -1,0 +1,83 @@
+#include <gtest/gtest.h>
+
+#include "platform/appkit/NSTextField.h"
+#include "platform/appkit/NSWindow.h"
+#include "testing/VirtualHostScope.h"
+
+namespace bkuk {
+namespace {
+
+struct Field {
+  Field() {
+    window->setBackgroundColor(NSColor::white());
+    field->setTextColor(NSColor::black());
+    field->setFrame({0, 0, 100, 30});
+    window->contentView()->addSubview(field);
+    window->orderFront();
+    host->settle();
+  }
+  ~Field() { window->close(); }
+
+  /// The columns, from the left, between which there is ink.
+  std::pair<int, int> ink() {
+    host->settle();
+    int first = -1;
+    int last = -1;
+    for (int x = 0; x < 200; ++x) {
+      for (int y = 0; y < 40; ++y) {
+        if (host->windows().front()->pixel(x, y) == 0xFFFFFFFF) continue;
+        if (first < 0) first = x;
+        last = x;
+      }
+    }
+    return {first, last};
+  }
+
+  VirtualHostScope host;
+  Ref<NSWindow> window = make<NSWindow>(NSRect(0, 0, 200, 40), NSWindowStyleMaskBorderless);
+  Ref<NSTextField> field = NSTextField::labelWithString("Text");
+};
+
+TEST(NSTextField, AlignsItsLineAndCutsWhatIsTooLong) {
+  Field shown;
+  EXPECT_LT(shown.ink().first, 8);
+  shown.field->setAlignment(NSTextAlignment::right);
+  EXPECT_GT(shown.ink().first, 50);
+  EXPECT_LT(shown.ink().second, 100);
+  shown.field->setStringValue("Far too long a text for a field of a hundred points");
+  for (const auto mode : {NSLineBreakMode::clipping, NSLineBreakMode::truncatingHead,
+                          NSLineBreakMode::truncatingMiddle, NSLineBreakMode::truncatingTail}) {
+    shown.field->setLineBreakMode(mode);
+    EXPECT_LT(shown.ink().second, 100) << static_cast<int>(mode);
+  }
+  shown.field->setStringValue(
+      "\U0001F600\U0001F600\U0001F600\U0001F600\U0001F600\U0001F600\U0001F600\U0001F600");
+  EXPECT_LT(shown.ink().second, 100);
+  shown.field->setFrameSize({3, 30});
+  EXPECT_LE(shown.ink().second, 3);
+}
+
+TEST(NSTextField, AStaticFieldLeavesPointerAndKeyboardToOthers) {
+  Field shown;
+  EXPECT_FALSE(shown.field->acceptsFirstResponder());
+  EXPECT_FALSE(shown.field->needsPanelToBecomeKey());
+  shown.field->setEditable(true);
+  EXPECT_TRUE(shown.field->acceptsFirstResponder());
+  EXPECT_TRUE(shown.field->needsPanelToBecomeKey());
+  shown.field->setBezeled(true);
+  shown.field->setBordered(true);
+  EXPECT_FALSE(shown.field->isBezeled());
+}
+
+TEST(NSFont, TheSameNameAndSizeAreOneObjectWhileItLives) {
+  const VirtualHostScope host;
+  const auto font = NSFont::systemFont(14);
+  EXPECT_EQ(NSFont::systemFont(14), font);
+  EXPECT_NE(NSFont::systemFont(15), font);
+  EXPECT_EQ(NSFont::font("No such face", 14), nullptr);
+  EXPECT_LT(font->descender(), 0);
+  EXPECT_EQ(NSFont::font(font->fontName(), 0) ? NSFont::font(font->fontName(), 0)->pointSize() : 12, 12);
+}
+
+}  // namespace
+}  // namespace bkuk
