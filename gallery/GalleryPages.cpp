@@ -3,6 +3,7 @@
 #include "gallery/pages/ColourRolesPage.h"
 #include "gallery/pages/FillsPage.h"
 #include "gallery/pages/KeyboardPage.h"
+#include "gallery/pages/LayoutPage.h"
 #include "gallery/pages/ShapesPage.h"
 #include "gallery/pages/StatesPage.h"
 #include "gallery/pages/TriggerPage.h"
@@ -27,6 +28,7 @@ std::span<const GalleryPageEntry> galleryPages() {
       {"States", "states", makePageOf<StatesPage>},
       {"Keyboard", "keyboard", makePageOf<KeyboardPage>},
       {"Trigger", "trigger", makePageOf<TriggerPage>},
+      {"Layout", "layout", makePageOf<LayoutPage>},
   };
   return pages;
 }

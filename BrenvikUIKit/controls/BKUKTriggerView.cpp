@@ -18,8 +18,9 @@ Ref<BKUKTriggerView> BKUKTriggerView::decoded(NSCoder& coder) {
 
 void BKUKTriggerView::didInit() {
   NSControl::didInit();
-    setAccessibilityRole(NSAccessibilityUnknownRole);
-    setAccessibilityElement(true);
+  setTranslatesAutoresizingMaskIntoConstraints(false);
+  setAccessibilityRole(NSAccessibilityUnknownRole);
+  setAccessibilityElement(true);
 }
 
 const SelectorTable& BKUKTriggerView::selectors() const {

@@ -21,8 +21,9 @@ Ref<BKUKStatefulView> BKUKStatefulView::decoded(NSCoder& coder) {
 
 void BKUKStatefulView::didInit() {
   NSControl::didInit();
-    setAccessibilityRole(NSAccessibilityUnknownRole);
-    setAccessibilityElement(true);
+  setTranslatesAutoresizingMaskIntoConstraints(false);
+  setAccessibilityRole(NSAccessibilityUnknownRole);
+  setAccessibilityElement(true);
 }
 
 // State

@@ -16,7 +16,7 @@ constexpr double scrollDuration = 0.1;  // seconds
 void announceFirstResponderChange(NSWindow& window, NSResponder* responder) {
   NSNotificationCenter::default_().post(BKUKWindow::firstResponderChange, responder);
   const auto present = window.firstResponder();
-    NSAccessibilityPostNotification(*present, NSAccessibilityFocusedUIElementChangedNotification);
+  NSAccessibilityPostNotification(*present, NSAccessibilityFocusedUIElementChangedNotification);
   if (const auto view = as<NSView>(present)) scrollToBeVisible(*view, scrollDuration);
 }
 

@@ -27,7 +27,7 @@ class Choice : public Box {
   void choose(std::size_t index);
 
   /// What the options need, in points.
-  [[nodiscard]] NSSize fittingSize() const;
+  [[nodiscard]] NSSize fittingSize() const override;
 
   /// The options are parts of this view, not views to be pressed themselves.
   [[nodiscard]] Ref<NSView> hitTest(NSPoint point) override;

@@ -1,5 +1,6 @@
 #include "gallery/chrome/TextLabel.h"
 
+#include <cmath>
 #include <utility>
 
 #include "gallery/brand/BrandFont.h"
@@ -16,6 +17,7 @@ void TextLabel::setText(std::string text) {
   if (text == text_) return;
   text_ = std::move(text);
   shape();
+  invalidateIntrinsicContentSize();
   setNeedsDisplay(true);
   NSAccessibilityPostNotification(*this, NSAccessibilityValueChangedNotification);
 }
@@ -31,6 +33,18 @@ void TextLabel::setColor(Color color) {
 }
 
 CGFloat TextLabel::textWidth() const { return line_->width(); }
+
+NSSize TextLabel::intrinsicContentSize() const {
+  return {std::ceil(line_->width()), std::ceil(line_->ascent() + line_->descent())};
+}
+
+CGFloat TextLabel::firstBaselineOffsetFromTop() const {
+  return (intrinsicContentSize().height + line_->ascent() - line_->descent()) / 2;
+}
+
+CGFloat TextLabel::lastBaselineOffsetFromBottom() const {
+  return intrinsicContentSize().height - firstBaselineOffsetFromTop();
+}
 
 CGFloat TextLabel::startOfLine() const {
   const CGFloat rest = bounds().width() - line_->width();

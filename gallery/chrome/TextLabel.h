@@ -28,6 +28,9 @@ class TextLabel : public NSView {
   [[nodiscard]] CGFloat textWidth() const;
 
   [[nodiscard]] bool isFlipped() const override { return true; }
+  [[nodiscard]] NSSize intrinsicContentSize() const override;
+  [[nodiscard]] CGFloat firstBaselineOffsetFromTop() const override;
+  [[nodiscard]] CGFloat lastBaselineOffsetFromBottom() const override;
   void draw(NSRect dirtyRect) override;
 
   [[nodiscard]] bool isAccessibilityElement() const override { return true; }

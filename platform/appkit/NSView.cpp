@@ -8,6 +8,7 @@
 #include "platform/appkit/NSApplication.h"
 #include "platform/appkit/NSColor.h"
 #include "platform/appkit/NSGraphicsContext.h"
+#include "platform/appkit/NSLayoutPart.h"
 #include "platform/appkit/NSShadow.h"
 #include "platform/appkit/NSTrackingArea.h"
 #include "platform/appkit/NSWindow.h"
@@ -22,20 +23,10 @@ constexpr std::string_view unit = "platform/appkit/NSView";
 
 }  // namespace
 
-template <typename Visit>
-void NSView::forTree(Visit&& visit) {
-  std::vector<Ref<NSView>> waiting{this};
-  while (!waiting.empty()) {
-    const Ref<NSView> view = std::move(waiting.back());
-    waiting.pop_back();
-    visit(*view);
-    waiting.insert(waiting.end(), view->subviews_.rbegin(), view->subviews_.rend());
-  }
-}
-
 NSView::NSView(NSRect frame) : frame_(frame) {}
 
 NSView::~NSView() {
+  layoutTreeWillEnd();
   for (const auto& view : subviews_) {
     view->superview_ = nullptr;
     view->superviewIsFlipped_ = false;
@@ -59,7 +50,10 @@ void NSView::addSubview(Ref<NSView> view, NSViewOrdering positioned, const NSVie
   const Ref<NSView> keepSibling(const_cast<NSView*>(sibling));
   if (view.get() == sibling) return;
   if (view->superview_.isAlive() && view->window_.lock() != window_.lock()) view->removeFromSuperview();
-  if (const auto old = view->superview_.lock()) std::erase(old->subviews_, view);
+  if (const auto old = view->superview_.lock()) {
+    if (old != this) view->willLeaveLayoutTree();
+    std::erase(old->subviews_, view);
+  }
   const auto found = std::ranges::find(subviews_, keepSibling);
   const bool hasSibling = sibling && found != subviews_.end();
   const auto place = static_cast<std::size_t>(found - subviews_.begin());
@@ -75,6 +69,7 @@ void NSView::insert(Ref<NSView> view, std::size_t index) {
   subviews_.insert(subviews_.begin() + static_cast<std::ptrdiff_t>(index), view);
   view->superview_ = this;
   view->superviewIsFlipped_ = isFlipped();
+  view->didEnterLayoutTree();
   view->moveToWindow(window_.lock().get());
   if (view->superview_.refersTo(this)) adoptLayerOfSubview(*view);
   view->markLayoutUpwards();
@@ -87,6 +82,7 @@ void NSView::removeFromSuperview() {
   const auto parent = superview_.lock();
   if (!parent) return;
   const Ref<NSView> self(this);
+  willLeaveLayoutTree();
   std::erase(parent->subviews_, self);
   superview_ = nullptr;
   superviewIsFlipped_ = false;
@@ -137,6 +133,7 @@ void NSView::setFrame(NSRect frame) {
   const NSSize oldSize = std::exchange(frame_, frame).size;
   updateLayerGeometry();
   markTrackingStale();
+  layoutPropertyDidChange();
   if (frame.size == oldSize) return;
   if (autoresizesSubviews_) resizeSubviews(oldSize);
   setNeedsLayout(true);
@@ -194,6 +191,7 @@ void NSView::resizeSubviews(NSSize oldSize) {
   const auto snapshot = subviews_;
   for (const auto& view : snapshot) {
     if (view->autoresizingMask_ == NSViewNotSizable) continue;
+    if (!view->translatesAutoresizingMaskIntoConstraints()) continue;
     view->setFrame(autoresized(view->frame_, view->autoresizingMask_, bounds(), oldSize));
   }
 }
@@ -204,6 +202,7 @@ NSUserInterfaceLayoutDirection NSView::userInterfaceLayoutDirection() const {
 
 void NSView::setUserInterfaceLayoutDirection(NSUserInterfaceLayoutDirection direction) {
   direction_ = direction;
+  if (const auto engine = layoutEngine()) engine->directionDidChange();
   setNeedsLayout(true);
   setNeedsDisplay(true);
 }
@@ -391,37 +390,11 @@ void NSView::appearanceDidChange() {
 }
 
 void NSView::layoutDirectionDidChange() {
+  if (const auto engine = layoutEngine()) engine->directionDidChange();
   forTree([](NSView& view) {
     view.setNeedsLayout(true);
     view.setNeedsDisplay(true);
   });
-}
-
-// Layout
-
-void NSView::setNeedsLayout(bool needsLayout) {
-  needsLayout_ = needsLayout;
-  if (needsLayout) markLayoutUpwards();
-}
-
-void NSView::markLayoutUpwards() {
-  subtreeNeedsLayout_ = true;
-  for (auto each = superview_.lock(); each && !each->subtreeNeedsLayout_; each = each->superview_.lock()) {
-    each->subtreeNeedsLayout_ = true;
-  }
-  if (const auto window = window_.lock()) window->setNeedsCommit();
-}
-
-void NSView::layoutSubtreeIfNeeded() {
-  if (!subtreeNeedsLayout_) return;
-  std::vector<Ref<NSView>> waiting{this};
-  while (!waiting.empty()) {
-    const Ref<NSView> view = std::move(waiting.back());
-    waiting.pop_back();
-    if (!std::exchange(view->subtreeNeedsLayout_, false)) continue;
-    if (std::exchange(view->needsLayout_, false)) view->layout();
-    waiting.insert(waiting.end(), view->subviews_.rbegin(), view->subviews_.rend());
-  }
 }
 
 // CALayerDelegate

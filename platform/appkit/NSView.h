@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/appkit/NSLayoutItem.h"
 #include "platform/appkit/NSResponder.h"
 #include "platform/appkit/NSUserInterfaceLayoutDirection.h"
 #include "platform/quartzcore/CALayer.h"
@@ -12,6 +13,8 @@
 
 namespace bkuk {
 
+class NSLayoutEngine;
+class NSLayoutGuide;
 class NSShadow;
 class NSTrackingArea;
 class NSWindow;
@@ -41,11 +44,14 @@ enum class NSFocusRingType { default_ = 0, none = 1, exterior = 2 };
 /// Where a subview is put among its siblings.
 enum class NSViewOrdering { below = -1, above = 1 };
 
+/// No intrinsic size along an axis.
+inline constexpr CGFloat NSViewNoIntrinsicMetric = -1;
+
 /// A rectangle of a window that draws and answers events.
 ///
 /// A superview owns its subviews. A view in a window draws through a layer of its own; outside of one it
 /// has a layer only when `wantsLayer` says so. Geometry is in points; y runs up unless `isFlipped`.
-class NSView : public NSResponder, public CALayerDelegate {
+class NSView : public NSResponder, public CALayerDelegate, public NSLayoutItem {
  public:
   explicit NSView(NSRect frame = {});
   ~NSView() override;
@@ -193,10 +199,50 @@ class NSView : public NSResponder, public CALayerDelegate {
 
   [[nodiscard]] bool needsLayout() const { return needsLayout_; }
   void setNeedsLayout(bool needsLayout);
-  /// Places the subviews. Called in the layout pass when marked, superviews first.
-  virtual void layout() {}
-  /// Lays out the marked views of this tree now.
+  /// Places the subviews. Called in the layout pass when marked, superviews first. The frames that follow
+  /// from constraints are set before; the default sets those that follow from changes of this pass.
+  virtual void layout();
+  /// Solves the constraints and lays out the marked views of this tree now.
   void layoutSubtreeIfNeeded();
+
+  // Constraints
+
+  /// True, as at first: the frame stands, and the mask, as required constraints. False: constraints alone
+  /// place the view, with its intrinsic size.
+  [[nodiscard]] bool translatesAutoresizingMaskIntoConstraints() const;
+  void setTranslatesAutoresizingMaskIntoConstraints(bool translates);
+  /// The size of the alignment rectangle that the content wants, in points; `NSViewNoIntrinsicMetric` for
+  /// none along that axis. Asked for after `invalidateIntrinsicContentSize`, not each time.
+  [[nodiscard]] virtual NSSize intrinsicContentSize() const;
+  /// To be called when the intrinsic size, a baseline or the insets changed. The constraints are solved
+  /// again before the next display.
+  void invalidateIntrinsicContentSize();
+  /// How much the view minds to be larger than its intrinsic size, and to be smaller.
+  [[nodiscard]] NSLayoutPriority contentHuggingPriority(NSLayoutConstraintOrientation orientation) const;
+  void setContentHuggingPriority(NSLayoutPriority priority, NSLayoutConstraintOrientation orientation);
+  [[nodiscard]] NSLayoutPriority contentCompressionResistancePriority(
+      NSLayoutConstraintOrientation orientation) const;
+  void setContentCompressionResistancePriority(NSLayoutPriority priority,
+                                               NSLayoutConstraintOrientation orientation);
+  /// From the edges of the alignment rectangle, in points.
+  [[nodiscard]] virtual CGFloat firstBaselineOffsetFromTop() const { return 0; }
+  [[nodiscard]] virtual CGFloat lastBaselineOffsetFromBottom() const { return 0; }
+  /// By how much the frame is larger than the alignment rectangle, for what is not to be aligned by: shadows,
+  /// badges. Sides are meant as seen.
+  [[nodiscard]] virtual NSEdgeInsets alignmentRectInsets() const { return {}; }
+  /// The least size that the constraints within the view and its intrinsic size admit.
+  [[nodiscard]] virtual NSSize fittingSize() const;
+
+  /// The active constraints between items below and at this view that no view further down holds.
+  [[nodiscard]] std::vector<Ref<NSLayoutConstraint>> constraints() const;
+  [[nodiscard]] std::vector<Ref<NSLayoutGuide>> layoutGuides() const;
+  void addLayoutGuide(Ref<NSLayoutGuide> guide);
+  /// Ends the constraints that name the guide.
+  void removeLayoutGuide(NSLayoutGuide& guide);
+
+  [[nodiscard]] NSObject& layoutObject() override { return *this; }
+  [[nodiscard]] Ref<NSView> layoutContainer() const override { return superview(); }
+  [[nodiscard]] Ref<NSView> layoutView() override { return this; }
 
   /// Called after the application's appearance changed and when the view enters a window.
   virtual void viewDidChangeEffectiveAppearance() {}
@@ -227,6 +273,8 @@ class NSView : public NSResponder, public CALayerDelegate {
  private:
   friend class NSApplication;
   friend class NSFocusRing;
+  friend class NSLayoutConstraint;
+  friend class NSLayoutEngine;
   friend class NSWindow;
 
   void insert(Ref<NSView> view, std::size_t index);
@@ -252,13 +300,33 @@ class NSView : public NSResponder, public CALayerDelegate {
   void updateTrackingInTree();
   void refreshTracking();
   [[nodiscard]] bool mayHit(NSPoint pointInSuperview) const;
+  void layoutMarkedViews();
+  void updateConstraints();
+  [[nodiscard]] NSView& layoutRoot();
+  [[nodiscard]] Ref<NSLayoutEngine> layoutEngine();
+  [[nodiscard]] NSLayoutEngine& madeLayoutEngine();
+  [[nodiscard]] std::vector<Ref<NSLayoutConstraint>> heldConstraints();
+  void willLeaveLayoutTree();
+  void didEnterLayoutTree();
+  void layoutTreeWillEnd();
+  void layoutPropertyDidChange();
   void scaleDidChange(CGFloat scale);
   void appearanceDidChange();
   void layoutDirectionDidChange();
 
   /// Calls `visit` on the view and all below it, superviews first, on a snapshot.
   template <typename Visit>
-  void forTree(Visit&& visit);
+  void forTree(Visit&& visit) {
+    std::vector<Ref<NSView>> waiting{this};
+    while (!waiting.empty()) {
+      const Ref<NSView> view = std::move(waiting.back());
+      waiting.pop_back();
+      visit(*view);
+      waiting.insert(waiting.end(), view->subviews_.rbegin(), view->subviews_.rend());
+    }
+  }
+  template <typename Visit>
+  void forLayoutParts(Visit&& visit);
 
   NSRect frame_;
   NSPoint boundsOrigin_;

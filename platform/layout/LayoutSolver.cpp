@@ -155,8 +155,10 @@ bool LayoutSolver::define(LayoutConstraintId id) {
     if (isUnused) break;
   }
   if (!chosen) return false;
-  liftUsesOf(*chosen);
-  forgetSymbol(*chosen);
+  if (symbols_[chosen->index] != noLayoutSymbol) {
+    liftUsesOf(*chosen);
+    forgetSymbol(*chosen);
+  }
   definitions_.define(*chosen, constraint.expression);
   constraint.defined = *chosen;
   constraint.state = State::definition;
@@ -164,6 +166,7 @@ bool LayoutSolver::define(LayoutConstraintId id) {
 }
 
 void LayoutSolver::liftUsesOf(LayoutVariable variable) {
+  if (equations_ == 0) return;
   for (const auto use : definitions_.usesOf(variable)) {
     if (constraints_[use].state != State::tableau) continue;
     leaveTableau(use);
@@ -176,6 +179,7 @@ void LayoutSolver::liftUsesOf(LayoutVariable variable) {
 void LayoutSolver::enter(LayoutConstraintId id) {
   auto& constraint = constraints_[id];
   constraint.state = State::tableau;
+  ++equations_;
   for (const auto& term : constraint.expression.terms) definitions_.addUse(term.variable, id);
   const LayoutExpression roots = definitions_.inRoots(constraint.expression);
   constraint.tableauConstant = roots.constant;
@@ -237,6 +241,7 @@ void LayoutSolver::addEquation(const Constraint& constraint, double constant, st
 
 void LayoutSolver::leaveTableau(LayoutConstraintId id) {
   auto& constraint = constraints_[id];
+  --equations_;
   for (const auto& term : constraint.expression.terms) definitions_.removeUse(term.variable, id);
   simplex_.removeEquation(constraint.marker, constraint.error);
 }

@@ -100,6 +100,7 @@ class LayoutSolver {
   std::vector<LayoutDefinitions::Use> reached_;
   std::vector<LayoutSymbol> symbols_;  // of the variables that the tableau knows
   std::uint64_t age_ = 0;
+  std::size_t equations_ = 0;  // constraints that are in the tableau
   bool hasChanges_ = false;
 };
 

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/appkit/NSAccessibilityElement.h"
+#include "platform/appkit/NSApplication.h"
 #include "testing/VirtualHostScope.h"
 #include "testing/VirtualScreenReader.h"
 #include "tests/appkit/RecordingView.h"
@@ -281,6 +282,7 @@ TEST_F(NSAccessibilityTest, TreesOfAnyDepthAreReadWithoutDeepeningTheStack) {
 
 TEST(NSAccessibilityWithoutClients, NothingIsKeptAndAControlStaysSmall) {
   const VirtualHostScope host;
+  (void)NSApplication::shared();  // it reads the tree to the host
   const auto view = make<NSView>();
   NSAccessibilityPostNotification(*view, NSAccessibilityValueChangedNotification);
   const VirtualScreenReader reader(*host);

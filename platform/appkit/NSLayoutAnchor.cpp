@@ -1,0 +1,46 @@
+#include "platform/appkit/NSLayoutAnchor.h"
+
+#include "platform/appkit/NSLayoutConstraint.h"
+
+namespace bkuk {
+
+using Relation = NSLayoutRelation;
+
+NSLayoutAnchorBase::NSLayoutAnchorBase(NSLayoutItem& item, NSLayoutAttribute attribute)
+    : object_(&item.layoutObject()), item_(&item), attribute_(attribute) {}
+
+Ref<NSLayoutConstraint> NSLayoutAnchorBase::constraint(Relation relation, const NSLayoutAnchorBase* other,
+                                                       CGFloat multiplier, CGFloat constant) const {
+  return make<NSLayoutConstraint>(item(), attribute_, relation, other ? other->item() : nullptr,
+                                  other ? other->attribute_ : NSLayoutAttribute::none, multiplier, constant);
+}
+
+Ref<NSLayoutConstraint> NSLayoutDimension::constraintEqualToConstant(CGFloat constant) const {
+  return constraint(Relation::equal, nullptr, 1, constant);
+}
+
+Ref<NSLayoutConstraint> NSLayoutDimension::constraintGreaterThanOrEqualToConstant(CGFloat constant) const {
+  return constraint(Relation::greaterThanOrEqual, nullptr, 1, constant);
+}
+
+Ref<NSLayoutConstraint> NSLayoutDimension::constraintLessThanOrEqualToConstant(CGFloat constant) const {
+  return constraint(Relation::lessThanOrEqual, nullptr, 1, constant);
+}
+
+Ref<NSLayoutConstraint> NSLayoutDimension::constraintEqualTo(const Ref<NSLayoutDimension>& anchor,
+                                                             CGFloat multiplier, CGFloat constant) const {
+  return constraint(Relation::equal, anchor.get(), multiplier, constant);
+}
+
+Ref<NSLayoutConstraint> NSLayoutDimension::constraintGreaterThanOrEqualTo(
+    const Ref<NSLayoutDimension>& anchor, CGFloat multiplier, CGFloat constant) const {
+  return constraint(Relation::greaterThanOrEqual, anchor.get(), multiplier, constant);
+}
+
+Ref<NSLayoutConstraint> NSLayoutDimension::constraintLessThanOrEqualTo(const Ref<NSLayoutDimension>& anchor,
+                                                                       CGFloat multiplier,
+                                                                       CGFloat constant) const {
+  return constraint(Relation::lessThanOrEqual, anchor.get(), multiplier, constant);
+}
+
+}  // namespace bkuk

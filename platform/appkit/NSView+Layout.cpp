@@ -1,0 +1,241 @@
+#include <algorithm>
+#include <unordered_set>
+#include <utility>
+
+#include "platform/appkit/NSLayoutPart.h"
+#include "platform/appkit/NSView.h"
+#include "platform/appkit/NSWindow.h"
+#include "platform/foundation/Fatal.h"
+
+namespace bkuk {
+
+namespace {
+
+// A layout that marks its own tree again each time it runs goes on in the next turn, so that events get
+// through.
+constexpr int mostRounds = 10;
+
+}  // namespace
+
+// The pass
+
+void NSView::setNeedsLayout(bool needsLayout) {
+  needsLayout_ = needsLayout;
+  if (needsLayout) markLayoutUpwards();
+}
+
+void NSView::markLayoutUpwards() {
+  subtreeNeedsLayout_ = true;
+  for (auto each = superview_.lock(); each && !each->subtreeNeedsLayout_; each = each->superview_.lock()) {
+    each->subtreeNeedsLayout_ = true;
+  }
+  if (const auto window = window_.lock()) window->setNeedsCommit();
+}
+
+void NSView::layoutSubtreeIfNeeded() {
+  const Ref<NSView> self(this);
+  for (int round = 0; round < mostRounds; ++round) {
+    updateConstraints();
+    layoutMarkedViews();
+    const Ref<NSLayoutEngine> engine = layoutEngine();
+    if (!engine || !engine->needsUpdate()) return;
+  }
+}
+
+void NSView::updateConstraints() {
+  const Ref<NSLayoutEngine> engine = layoutEngine();
+  if (engine && engine->needsUpdate()) engine->update();
+}
+
+void NSView::layoutMarkedViews() {
+  if (!subtreeNeedsLayout_) return;
+  std::vector<Ref<NSView>> waiting{this};
+  while (!waiting.empty()) {
+    const Ref<NSView> view = std::move(waiting.back());
+    waiting.pop_back();
+    if (!std::exchange(view->subtreeNeedsLayout_, false)) continue;
+    if (std::exchange(view->needsLayout_, false)) view->layout();
+    waiting.insert(waiting.end(), view->subviews_.rbegin(), view->subviews_.rend());
+  }
+}
+
+// A layout that came first may have changed the constraints on what is in here.
+void NSView::layout() {
+  if (layoutPart_) updateConstraints();
+}
+
+// Engines
+
+NSView& NSView::layoutRoot() {
+  if (const auto window = window_.lock()) return *window->frameView_;
+  NSView* root = this;
+  while (auto* parent = root->superview_.lock().get()) root = parent;
+  return *root;
+}
+
+Ref<NSLayoutEngine> NSView::layoutEngine() {
+  const auto& part = layoutRoot().layoutPart_;
+  return part ? part->engine : nullptr;
+}
+
+NSLayoutEngine& NSView::madeLayoutEngine() {
+  NSView& root = layoutRoot();
+  auto& part = root.layoutPart();
+  if (part.engine) return *part.engine;
+  part.engine = make<NSLayoutEngine>(root);
+  if (std::exchange(part.hasLostEngine, false)) {
+    for (const auto& constraint : root.heldConstraints()) part.engine->add(*constraint);
+  }
+  return *part.engine;
+}
+
+std::vector<Ref<NSLayoutConstraint>> NSView::heldConstraints() {
+  std::vector<Ref<NSLayoutConstraint>> held;
+  forLayoutParts(
+      [&](NSView&, NSLayoutPart& part) { held.insert(held.end(), part.held.begin(), part.held.end()); });
+  return held;
+}
+
+template <typename Visit>
+void NSView::forLayoutParts(Visit&& visit) {
+  std::vector<NSView*> waiting{this};
+  while (!waiting.empty()) {
+    NSView& view = *waiting.back();
+    waiting.pop_back();
+    if (view.layoutPart_) visit(view, *view.layoutPart_);
+    for (const auto& subview : view.subviews_) waiting.push_back(subview.get());
+  }
+}
+
+// The tree
+
+// Constraints to the outside end; those within go along, to an engine of their own.
+void NSView::willLeaveLayoutTree() {
+  const Ref<NSLayoutEngine> engine = layoutEngine();
+  if (!engine || &layoutRoot() == this) return;
+  const auto held = heldConstraints();
+  std::unordered_set<NSLayoutConstraint*> within;
+  for (const auto& constraint : held) within.insert(constraint.get());
+  std::vector<Ref<NSLayoutConstraint>> crossing;
+  std::vector<NSLayoutItem*> items;
+  const auto collect = [&](NSLayoutItem& item) {
+    items.push_back(&item);
+    if (!item.layoutPart_) return;
+    for (auto* constraint : item.layoutPart_->naming) {
+      if (!within.contains(constraint)) crossing.emplace_back(constraint);
+    }
+  };
+  forTree([&](NSView& view) {
+    collect(view);
+    if (!view.layoutPart_) return;
+    for (const auto& guide : view.layoutPart_->guides) collect(*guide);
+  });
+  for (const auto& constraint : crossing) constraint->setActive(false);
+  // The innermost first, on which the least depends.
+  for (auto constraint = held.rbegin(); constraint != held.rend(); ++constraint) engine->remove(**constraint);
+  for (auto* item : items) engine->forget(*item);
+  if (held.empty()) return;
+  layoutPart().engine = make<NSLayoutEngine>(*this);
+  for (const auto& constraint : held) layoutPart_->engine->add(*constraint);
+}
+
+void NSView::didEnterLayoutTree() {
+  if (!layoutPart_) return;
+  const auto own = std::exchange(layoutPart_->engine, nullptr);
+  const bool hasLostEngine = std::exchange(layoutPart_->hasLostEngine, false);
+  if (!own && !hasLostEngine) return;
+  const auto constraints = own ? own->dissolve() : heldConstraints();
+  for (const auto& constraint : constraints) madeLayoutEngine().add(*constraint);
+}
+
+void NSView::layoutTreeWillEnd() {
+  if (!layoutPart_ || (!layoutPart_->engine && !layoutPart_->hasLostEngine)) return;
+  for (const auto& view : subviews_) view->layoutPart().hasLostEngine = true;
+}
+
+void NSView::layoutPropertyDidChange() {
+  if (!layoutPart_) return;
+  if (const auto engine = layoutEngine()) engine->itemDidChange(*this);
+}
+
+// What constraints ask for
+
+bool NSView::translatesAutoresizingMaskIntoConstraints() const {
+  return !layoutPart_ || layoutPart_->translatesAutoresizingMask;
+}
+
+void NSView::setTranslatesAutoresizingMaskIntoConstraints(bool translates) {
+  if (translates == translatesAutoresizingMaskIntoConstraints()) return;
+  layoutPart().translatesAutoresizingMask = translates;
+  layoutPropertyDidChange();
+}
+
+NSSize NSView::intrinsicContentSize() const { return {NSViewNoIntrinsicMetric, NSViewNoIntrinsicMetric}; }
+
+void NSView::invalidateIntrinsicContentSize() {
+  if (!layoutPart_) return;
+  if (const auto engine = layoutEngine()) engine->alignmentDidChange(*this);
+}
+
+NSLayoutPriority NSView::contentHuggingPriority(NSLayoutConstraintOrientation orientation) const {
+  return layoutPart_ ? layoutPart_->hugging[static_cast<std::size_t>(orientation)]
+                     : NSLayoutPriorityDefaultLow;
+}
+
+void NSView::setContentHuggingPriority(NSLayoutPriority priority, NSLayoutConstraintOrientation orientation) {
+  layoutPart().hugging[static_cast<std::size_t>(orientation)] = priority;
+  layoutPropertyDidChange();
+}
+
+NSLayoutPriority NSView::contentCompressionResistancePriority(
+    NSLayoutConstraintOrientation orientation) const {
+  return layoutPart_ ? layoutPart_->compressionResistance[static_cast<std::size_t>(orientation)]
+                     : NSLayoutPriorityDefaultHigh;
+}
+
+void NSView::setContentCompressionResistancePriority(NSLayoutPriority priority,
+                                                     NSLayoutConstraintOrientation orientation) {
+  layoutPart().compressionResistance[static_cast<std::size_t>(orientation)] = priority;
+  layoutPropertyDidChange();
+}
+
+NSSize NSView::fittingSize() const {
+  auto& self =
+      const_cast<NSView&>(*this);  // asking for sizes is not const, only what overrides do may change
+  const auto engine = make<NSLayoutEngine>(self, NSLayoutEngine::Purpose::fitting);
+  for (const auto& constraint : self.heldConstraints()) engine->add(*constraint);
+  return engine->solvedSize();
+}
+
+// Constraints and guides
+
+std::vector<Ref<NSLayoutConstraint>> NSView::constraints() const {
+  return layoutPart_ ? layoutPart_->held : std::vector<Ref<NSLayoutConstraint>>();
+}
+
+void NSView::addLayoutGuide(Ref<NSLayoutGuide> guide) {
+  if (!guide) trap();
+  if (guide->owner_.refersTo(this)) return;
+  if (const auto old = guide->owningView()) old->removeLayoutGuide(*guide);
+  guide->owner_ = this;
+  layoutPart().guides.push_back(std::move(guide));
+}
+
+void NSView::removeLayoutGuide(NSLayoutGuide& guide) {
+  const Ref<NSLayoutGuide> keep(&guide);
+  if (!guide.owner_.refersTo(this)) return;
+  if (guide.layoutPart_) {
+    const std::vector<Ref<NSLayoutConstraint>> naming(guide.layoutPart_->naming.begin(),
+                                                      guide.layoutPart_->naming.end());
+    NSLayoutConstraint::deactivateConstraints(naming);
+  }
+  if (const auto engine = layoutEngine()) engine->forget(guide);
+  std::erase(layoutPart_->guides, keep);
+  guide.owner_ = nullptr;
+}
+
+std::vector<Ref<NSLayoutGuide>> NSView::layoutGuides() const {
+  return layoutPart_ ? layoutPart_->guides : std::vector<Ref<NSLayoutGuide>>();
+}
+
+}  // namespace bkuk

@@ -1,0 +1,147 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <limits>
+
+#include "platform/foundation/NSRunLoop.h"
+#include "testing/VirtualHostScope.h"
+#include "tests/appkit/LayoutFixture.h"
+
+namespace bkuk {
+namespace {
+
+using testing::ElementsAre;
+
+void pin(NSView& view, CGFloat inset) {
+  const auto parent = view.superview();
+  activated(view.leftAnchor()->constraintEqualTo(parent->leftAnchor(), inset));
+  activated(view.rightAnchor()->constraintEqualTo(parent->rightAnchor(), -inset));
+  activated(view.topAnchor()->constraintEqualTo(parent->topAnchor(), inset));
+  activated(view.bottomAnchor()->constraintEqualTo(parent->bottomAnchor(), -inset));
+}
+
+TEST(NSLayoutEngine, FollowsTheWindowThroughTheMasksOfTheViewsBetween) {
+  const VirtualHostScope host;
+  LayoutFixture fixture;  // 200 by 100 at (50, 20) in 400 by 300
+  fixture.root->setAutoresizingMask(NSViewWidthSizable | NSViewMinYMargin);
+  const auto view = placedView(*fixture.root);
+  pin(*view, 10);
+  fixture.window->layoutIfNeeded();
+  EXPECT_EQ(view->frame(), NSRect(10, 10, 180, 80));
+  fixture.window->setContentSize({500, 340});
+  fixture.window->layoutIfNeeded();
+  EXPECT_EQ(fixture.root->frame(), NSRect(50, 60, 300, 100));
+  EXPECT_EQ(view->frame(), NSRect(10, 10, 280, 80));
+  view->setFrame({0, 0, 5, 5});  // by hand, against its constraints
+  fixture.window->layoutIfNeeded();
+  EXPECT_EQ(view->frame(), NSRect(10, 10, 280, 80));
+}
+
+TEST(NSLayoutEngine, LaysOutOnlyWhatChanged) {
+  const VirtualHostScope host;
+  LayoutFixture fixture;
+  const auto left = placedView(*fixture.root);
+  const auto right = placedView(*fixture.root);
+  pin(*left, 10);
+  pin(*right, 20);
+  const auto inLeft = placedView(*left, {10, 10});
+  const auto inRight = placedView(*right, {10, 10});
+  const auto offset = activated(inLeft->leftAnchor()->constraintEqualTo(left->leftAnchor()));
+  activated(inRight->leftAnchor()->constraintEqualTo(right->leftAnchor()));
+  fixture.window->displayIfNeeded();
+  const int before = right->layouts;
+  const int leftBefore = left->layouts;
+  offset->setConstant(3);
+  fixture.window->displayIfNeeded();
+  EXPECT_EQ(inLeft->frame().origin.x, 3);
+  EXPECT_EQ(right->layouts, before);
+  EXPECT_EQ(left->layouts, leftBefore + 1);
+  fixture.window->displayIfNeeded();
+  EXPECT_EQ(left->layouts, leftBefore + 1);
+}
+
+TEST(NSLayoutEngine, TheTurnEndSolves) {
+  const VirtualHostScope host;
+  LayoutFixture fixture;
+  fixture.window->orderFront();
+  const auto view = placedView(*fixture.root);
+  pin(*view, 10);
+  const auto width = view->widthAnchor()->constraintEqualToConstant(20);
+  width->setPriority(NSLayoutPriorityDefaultLow);
+  width->setActive(true);
+  NSRunLoop::main().step();
+  EXPECT_EQ(view->frame().size.width, 180);
+  fixture.root->setFrameSize({100, 100});
+  NSRunLoop::main().step();
+  EXPECT_EQ(view->frame().size.width, 80);
+}
+
+TEST(NSLayoutEngine, LayoutMayChangeConstraintsAndTheTree) {
+  const VirtualHostScope host;
+  LayoutFixture fixture;
+  const auto panel = placedView(*fixture.root);
+  pin(*panel, 0);
+  const auto kept = placedView(*panel, {10, 10});
+  const auto removed = placedView(*panel, {10, 10});
+  const auto width = activated(kept->widthAnchor()->constraintEqualToConstant(50));
+  activated(kept->leftAnchor()->constraintEqualTo(removed->rightAnchor()));
+  // As views do whose arrangement depends on their width.
+  panel->onLayout = [&] {
+    width->setConstant(panel->frame().size.width / 2);
+    removed->removeFromSuperview();
+  };
+  fixture.window->layoutIfNeeded();
+  EXPECT_EQ(kept->frame().size.width, 100);
+  EXPECT_FALSE(removed->superview());
+  panel->onLayout = [&] { fixture.root->removeFromSuperview(); };
+  fixture.root->setFrameSize({300, 100});
+  fixture.window->layoutIfNeeded();
+  EXPECT_FALSE(panel->window());
+  EXPECT_TRUE(width->isActive());
+}
+
+TEST(NSLayoutEngine, AVeryDeepTreeIsSolvedWithoutRecursion) {
+  const VirtualHostScope host;
+  LayoutFixture fixture;
+  fixture.window->setContentSize({30'000, 30'000});
+  fixture.root->setFrame({0, 0, 20'100, 20'100});
+  Ref<NSView> innermost = fixture.root;
+  for (int i = 0; i < 10'000; ++i) {
+    const auto child = placedView(*innermost);
+    pin(*child, 1);
+    innermost = child;
+  }
+  fixture.window->layoutIfNeeded();
+  EXPECT_EQ(innermost->frame(), NSRect(1, 1, 100, 100));
+  fixture.root->setFrameSize({20'110, 20'110});
+  fixture.window->layoutIfNeeded();
+  EXPECT_EQ(innermost->frame(), NSRect(1, 1, 110, 110));
+}
+
+TEST(NSLayoutEngine, FittingSizeIsTheLeastThatTheContentAdmits) {
+  const VirtualHostScope host;
+  LayoutFixture fixture;
+  EXPECT_EQ(fixture.root->fittingSize(), NSSize(0, 0));
+  const auto view = placedView(*fixture.root, {60, 20});
+  EXPECT_EQ(view->fittingSize(), NSSize(60, 20));
+  pin(*view, 10);
+  EXPECT_EQ(fixture.root->fittingSize(), NSSize(80, 40));
+  fixture.window->layoutIfNeeded();
+  EXPECT_EQ(view->frame().size, NSSize(180, 80));
+}
+
+TEST(NSLayoutEngine, SenselessNumbersOfViewsAreHarmless) {
+  const VirtualHostScope host;
+  LayoutFixture fixture;
+  const double nan = std::numeric_limits<double>::quiet_NaN();
+  const auto view = placedView(*fixture.root, {nan, std::numeric_limits<double>::infinity()});
+  const auto other = make<LayoutView>(NSRect(nan, 0, nan, 1e300));
+  fixture.root->addSubview(other);
+  activated(view->leftAnchor()->constraintEqualTo(other->rightAnchor(), 4));
+  activated(view->widthAnchor()->constraintEqualToConstant(20));
+  fixture.window->layoutIfNeeded();
+  EXPECT_EQ(view->frame().origin.x, 4);
+  EXPECT_EQ(view->frame().size.width, 20);
+}
+
+}  // namespace
+}  // namespace bkuk
