@@ -282,7 +282,7 @@ TEST_F(NSAccessibilityTest, TreesOfAnyDepthAreReadWithoutDeepeningTheStack) {
 
 TEST(NSAccessibilityWithoutClients, NothingIsKeptAndAControlStaysSmall) {
   const VirtualHostScope host;
-  (void)NSApplication::shared();  // it reads the tree to the host
+  (void)NSApplication::shared();  // gives the host its tree
   const auto view = make<NSView>();
   NSAccessibilityPostNotification(*view, NSAccessibilityValueChangedNotification);
   const VirtualScreenReader reader(*host);
