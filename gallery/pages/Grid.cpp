@@ -14,9 +14,10 @@ NSRect Grid::cell(std::size_t index) const {
   const auto count = columns();
   const auto column = static_cast<CGFloat>(index % count);
   const auto row = static_cast<CGFloat>(index / count);
-  const CGFloat cellWidth =
-      std::floor((width - gap * static_cast<CGFloat>(count - 1)) / static_cast<CGFloat>(count));
-  return {column * (cellWidth + gap), row * (cellHeight + gap), cellWidth, cellHeight};
+  const CGFloat exactWidth = (width - gap * static_cast<CGFloat>(count - 1)) / static_cast<CGFloat>(count);
+  const CGFloat exactStart = column * (exactWidth + gap);
+  const CGFloat start = std::round(exactStart);
+  return {start, row * (cellHeight + gap), std::round(exactStart + exactWidth) - start, cellHeight};
 }
 
 CGFloat Grid::heightOf(std::size_t cells) const {

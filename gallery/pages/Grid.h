@@ -6,7 +6,8 @@
 
 namespace bkuk::gallery {
 
-/// Equal cells in rows, as many columns as fit. Measured from the leading upper corner, in points.
+/// Cells in rows, as many columns as fit, equal but for the point that rounding gives or takes, from edge to
+/// edge. Measured from the leading upper corner, in points.
 struct Grid {
   CGFloat width = 0;      ///< of all columns together
   CGFloat narrowest = 0;  ///< the least width of a cell

@@ -37,8 +37,8 @@ void Specimen::layout() {
   const NSSize size = bounds().size;
   const CGFloat shownHeight = size.height - captionHeight;
   shown_->setFrame({0, 0, size.width, shownHeight});
-  name_->setFrame({2, shownHeight + 8, size.width - 4, 19});
-  remark_->setFrame({2, shownHeight + 27, size.width - 4, 17});
+  name_->setFrame({0, shownHeight + 8, size.width, 19});
+  remark_->setFrame({0, shownHeight + 27, size.width, 17});
 }
 
 }  // namespace bkuk::gallery
