@@ -19,9 +19,11 @@ NSRect NSAccessibilityElement::accessibilityFrame() const {
 }
 
 NSRect NSAccessibilityElement::accessibilityVisibleFrame() const {
-  const auto parent = accessibilityParent();
-  return parent ? NSIntersectionRect(accessibilityFrame(), parent->accessibilityVisibleFrame())
-                : accessibilityFrame();
+  // Only views cut off what reaches beyond them.
+  auto parent = accessibilityParent();
+  while (const auto element = as<NSAccessibilityElement>(parent)) parent = element->accessibilityParent();
+  const NSRect frame = accessibilityFrame();
+  return parent ? NSIntersectionRect(frame, parent->accessibilityVisibleFrame()) : frame;
 }
 
 }  // namespace bkuk

@@ -251,36 +251,36 @@ TEST_F(NSAccessibilityTest, APressMayDestroyTheElementOrItsWindow) {
 }
 
 TEST_F(NSAccessibilityTest, TreesOfAnyDepthAreReadWithoutDeepeningTheStack) {
-  // The deepest of a chain of views below the window's, put into the window as a whole.
-  const auto deepest = [this](bool areElements) {
+  // Puts `bottom` below a chain of others, from the bottom up so that it does not take quadratic time.
+  const auto sink = [this](const Ref<NSAccessibilityElement>& bottom, bool areElements) {
     constexpr int depth = 10'000;
-    const auto top = make<NSView>();
-    Ref<NSView> bottom = top;
+    Ref<NSAccessibilityElement> top = bottom;
     for (int i = 0; i < depth; ++i) {
-      const auto next = make<NSView>();
+      const auto next = make<NSAccessibilityElement>();
       next->setAccessibilityElement(areElements);
-      bottom->addSubview(next);
-      bottom = next;
+      next->setAccessibilityChildren({top});
+      top = next;
     }
-    content->addSubview(top);
-    return bottom;
+    view->setAccessibilityChildren({top});
   };
-  const auto plain = deepest(false);
-  plain->addSubview(elementView("at the bottom of plain views"));
-  EXPECT_EQ(names(root()).back(), "at the bottom of plain views");
+  const auto link = make<NSAccessibilityElement>();
+  link->setAccessibilityLabel("at the bottom");
+  sink(link, false);
+  const auto knob = reader.children(root()).front();
+  EXPECT_THAT(names(knob), ElementsAre("at the bottom"));
+  EXPECT_EQ(reader.parent(reader.children(knob).front()), knob);
 
-  const auto nested = deepest(true);
-  const auto knob = make<Knob>();
-  nested->addSubview(knob);
-  window->makeFirstResponder(knob.get());
-  const auto id = reader.focused();
-  EXPECT_TRUE(reader.element(id).isFocused);
+  const auto inner = make<NSAccessibilityElement>();
+  sink(inner, true);
+  NSAccessibilityPostNotification(*inner, NSAccessibilityValueChangedNotification);
+  const auto id = reader.changes().back().id;
+  EXPECT_TRUE(reader.element(id).isOffscreen);
   EXPECT_EQ(reader.children(reader.parent(id)), std::vector{id});
-  content->subviews().back()->removeFromSuperview();
+  view->setAccessibilityChildren({});
   EXPECT_FALSE(reader.exists(id));
 }
 
-TEST(NSAccessibilityWithoutClients, NothingIsKeptAndAControlStaysSmall) {
+TEST(NSAccessibilityWithoutClients, NobodyIsTold) {
   const VirtualHostScope host;
   (void)NSApplication::shared();  // gives the host its tree
   const auto view = make<NSView>();
