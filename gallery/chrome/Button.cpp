@@ -53,7 +53,7 @@ void Button::didInit() {
   BKUKStatefulView::didInit();
   setAccessibilityRole(kind_ == Kind::toggle ? NSAccessibilityCheckBoxRole : NSAccessibilityButtonRole);
   setAccessibilityLabel(title_->text());
-  title_->setAccessibilityElement(false);
+  title_->setAccessibilityHidden(true);
   title_->setColor([button = Weak<Button>(this)] {
     const auto self = button.lock();
     return self ? lookOf(self->kind_ == Kind::toggle && self->isSelected()).title[self->state()]

@@ -18,7 +18,7 @@ class Button : public BKUKStatefulView {
   explicit Button(std::string title, Kind kind = Kind::push);
 
   /// What the title needs, in points.
-  [[nodiscard]] NSSize fittingSize() const;
+  [[nodiscard]] NSSize fittingSize() const override;
 
   [[nodiscard]] bool isFlipped() const override { return true; }
   [[nodiscard]] bool shouldUserEventChangeSelection() const override { return kind_ == Kind::toggle; }

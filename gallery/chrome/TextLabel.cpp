@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "gallery/brand/BrandFont.h"
+#include "platform/appkit/NSTruncatedLine.h"
 
 namespace bkuk::gallery {
 
@@ -46,17 +47,21 @@ CGFloat TextLabel::lastBaselineOffsetFromBottom() const {
   return intrinsicContentSize().height - firstBaselineOffsetFromTop();
 }
 
-CGFloat TextLabel::startOfLine() const {
-  const CGFloat rest = bounds().width() - line_->width();
+CGFloat TextLabel::startOf(const CTLine& line) const {
+  const CGFloat rest = bounds().width() - line.width();
   if (style_.alignment == Alignment::center) return rest / 2;
   const bool isRightToLeft = userInterfaceLayoutDirection() == NSUserInterfaceLayoutDirection::rightToLeft;
   return (style_.alignment == Alignment::trailing) != isRightToLeft ? rest : 0;
 }
 
 void TextLabel::draw(NSRect) {
-  const CGFloat baseline = (bounds().height() + line_->ascent() - line_->descent()) / 2;
-  line_->draw(*NSGraphicsContext::current()->cgContext(), {startOfLine(), baseline},
-              *style_.color()->cgColor());
+  const bool fits = line_->width() <= bounds().width() + 0.5;
+  const auto line = fits ? line_
+                         : NSTruncatedLine(NSString(text_), brandFont(style_.size, style_.weight),
+                                           bounds().width(), NSLineBreakMode::truncatingTail);
+  const CGFloat baseline = (bounds().height() + line->ascent() - line->descent()) / 2;
+  line->draw(*NSGraphicsContext::current()->cgContext(), {startOf(*line), baseline},
+             *style_.color()->cgColor());
 }
 
 }  // namespace bkuk::gallery

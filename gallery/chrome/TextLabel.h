@@ -6,7 +6,7 @@
 
 namespace bkuk::gallery {
 
-/// One line of text, vertically centred in its frame.
+/// One line of text, vertically centred in its frame. What does not fit ends in an ellipsis.
 class TextLabel : public NSView {
  public:
   enum class Alignment { leading, center, trailing };
@@ -38,7 +38,7 @@ class TextLabel : public NSView {
   [[nodiscard]] NSAccessibilityValue accessibilityValue() const override { return text_; }
 
  private:
-  [[nodiscard]] CGFloat startOfLine() const;
+  [[nodiscard]] CGFloat startOf(const CTLine& line) const;
   void shape();
 
   std::string text_;

@@ -21,7 +21,7 @@ TriggerButton::TriggerButton(std::string title)
 void TriggerButton::didInit() {
   BKUKTriggerView::didInit();
   setAccessibilityRole(NSAccessibilityButtonRole);
-  title_->setAccessibilityElement(false);
+  title_->setAccessibilityHidden(true);
   addSubview(title_);
 }
 

@@ -5,6 +5,7 @@
 
 #include "platform/appkit/NSApplication.h"
 #include "platform/appkit/NSGraphicsContext.h"
+#include "platform/appkit/NSTruncatedLine.h"
 #include "platform/foundation/NSString.h"
 
 namespace bkuk {
@@ -12,26 +13,9 @@ namespace bkuk {
 namespace {
 
 constexpr CGFloat padding = 2;  // points on each side
-constexpr char16_t ellipsis = u'\u2026';
-
 bool isDark() {
   const std::string_view names[] = {NSAppearanceNameAqua, NSAppearanceNameDarkAqua};
   return NSApplication::shared().effectiveAppearance()->bestMatch(names) == NSAppearanceNameDarkAqua;
-}
-
-bool isSecondOfPair(std::u16string_view text, std::size_t index) {
-  return index < text.size() && text[index] >= 0xDC00 && text[index] <= 0xDFFF;
-}
-
-// The text with only `kept` of its units and an ellipsis in place of the others. Pairs stay whole.
-NSString shortened(std::u16string_view text, std::size_t kept, NSLineBreakMode mode) {
-  std::size_t head = kept;
-  if (mode == NSLineBreakMode::truncatingHead) head = 0;
-  if (mode == NSLineBreakMode::truncatingMiddle) head = (kept + 1) / 2;
-  std::size_t tail = text.size() - (kept - head);
-  if (isSecondOfPair(text, head)) --head;
-  if (isSecondOfPair(text, tail)) ++tail;
-  return NSString(std::u16string(text.substr(0, head)) + ellipsis + std::u16string(text.substr(tail)));
 }
 
 }  // namespace
@@ -67,6 +51,7 @@ void NSTextField::setFont(Ref<NSFont> font) {
 
 void NSTextField::textDidChange() {
   line_ = nullptr;
+  invalidateIntrinsicContentSize();
   setNeedsDisplay(true);
 }
 
@@ -90,7 +75,10 @@ void NSTextField::setLineBreakMode(NSLineBreakMode mode) {
   setNeedsDisplay(true);
 }
 
-void NSTextField::setEditable(bool editable) { editable_ = editable; }
+void NSTextField::setEditable(bool editable) {
+  editable_ = editable;
+  invalidateIntrinsicContentSize();
+}
 
 void NSTextField::setSelectable(bool selectable) { selectable_ = selectable; }
 
@@ -116,6 +104,22 @@ void NSTextField::mouseDown(NSEvent& event) {
   NSControl::mouseDown(event);
 }
 
+// Layout
+
+NSSize NSTextField::intrinsicContentSize() const {
+  const auto& text = line();
+  return {editable_ ? NSViewNoIntrinsicMetric : std::ceil(text->width()) + 2 * padding,
+          std::ceil(text->ascent() + text->descent() + text->leading())};
+}
+
+CGFloat NSTextField::firstBaselineOffsetFromTop() const {
+  return (bounds().height() + line()->ascent() - line()->descent()) / 2;
+}
+
+CGFloat NSTextField::lastBaselineOffsetFromBottom() const {
+  return bounds().height() - firstBaselineOffsetFromTop();
+}
+
 // Drawing
 
 const Ref<CTLine>& NSTextField::line() const {
@@ -128,19 +132,8 @@ const Ref<CTLine>& NSTextField::line() const {
 }
 
 Ref<CTLine> NSTextField::lineFitting(CGFloat width) const {
-  const bool truncates = lineBreakMode_ >= NSLineBreakMode::truncatingHead;
-  if (!truncates || line()->width() <= width) return line();
-  const NSString text(stringValue_);
-  const auto lineOf = [&](std::size_t kept) {
-    return make<CTLine>(shortened(text.units(), kept, lineBreakMode_), font_->face());
-  };
-  std::size_t fits = 0;
-  std::size_t tooMuch = text.length();
-  while (tooMuch - fits > 1) {
-    const std::size_t middle = fits + (tooMuch - fits) / 2;
-    (lineOf(middle)->width() <= width ? fits : tooMuch) = middle;
-  }
-  return lineOf(fits);
+  if (line()->width() <= width) return line();
+  return NSTruncatedLine(NSString(stringValue_), font_->face(), width, lineBreakMode_);
 }
 
 void NSTextField::draw(NSRect) {
@@ -164,7 +157,7 @@ void NSTextField::draw(NSRect) {
   CGFloat start = padding;
   if (alignment_ == NSTextAlignment::center) start += (width - shown->width()) / 2;
   if (isAtRight) start += width - shown->width();
-  const CGFloat baseline = (bounds().height() + shown->ascent() - shown->descent()) / 2;
+  const CGFloat baseline = firstBaselineOffsetFromTop();
   context->clip(bounds());
   shown->draw(*context, {start, baseline}, *(textColor_ ? textColor_ : inside)->cgColor());
 }

@@ -54,6 +54,11 @@ class NSTextField : public NSControl {
   [[nodiscard]] bool isFlipped() const override { return true; }
   void draw(NSRect dirtyRect) override;
 
+  /// The text with two points on each side; no width while the field is editable.
+  [[nodiscard]] NSSize intrinsicContentSize() const override;
+  [[nodiscard]] CGFloat firstBaselineOffsetFromTop() const override;
+  [[nodiscard]] CGFloat lastBaselineOffsetFromBottom() const override;
+
   [[nodiscard]] NSAccessibilityValue accessibilityValue() const override { return stringValue_; }
   [[nodiscard]] std::string className() const override { return "NSTextField"; }
 

@@ -185,7 +185,10 @@ void NSWindow::makeHostWindow() {
   options.translucent = !opaque_;
   options.acceptsFocus = canBecomeKey();
   options.ignoresPointer = ignoresMouseEvents_;
-  options.parent = parent ? parent->hostWindow_.get() : nullptr;
+  if (level_ >= NSPopUpMenuWindowLevel) options.kind = host::WindowKind::popup;
+  // Desktops keep a window that belongs to another in front of it.
+  const bool isInFrontOfParent = parent && orderAsChild_ != NSWindowOrderingMode::below;
+  options.parent = isInFrontOfParent ? parent->hostWindow_.get() : nullptr;
   options.frame = hostRect(NSScreenFlipped(frame_));
   hostWindow_ = host::current().makeWindow(options, *client_);
   hostWindow_->setTitle(title_);
@@ -201,8 +204,19 @@ void NSWindow::orderFront() {
   if (!std::exchange(visible_, true)) NSApplication::shared().keepOrderedIn(*this);
   renderer_.setNeedsRenderAll();
   hostWindow_->show();
-  hostWindow_->raise();
+  raise();
   setNeedsCommit();
+}
+
+void NSWindow::raise() {
+  const auto raiseChildren = [this](NSWindowOrderingMode order) {
+    for (const auto& child : children_) {
+      if (child->orderAsChild_ == order && child->visible_) child->hostWindow_->raise();
+    }
+  };
+  raiseChildren(NSWindowOrderingMode::below);
+  hostWindow_->raise();
+  raiseChildren(NSWindowOrderingMode::above);
 }
 
 void NSWindow::orderOut() {
@@ -259,12 +273,15 @@ void NSWindow::resignKey() {
   NSNotificationCenter::default_().post(NSWindowDidResignKeyNotification, this);
 }
 
-void NSWindow::addChildWindow(Ref<NSWindow> child, NSWindowOrderingMode) {
+void NSWindow::addChildWindow(Ref<NSWindow> child, NSWindowOrderingMode ordered) {
   if (!child || child.get() == this || child->parent_.refersTo(this)) return;
   if (const auto old = child->parent()) old->removeChildWindow(*child);
   child->parent_ = this;
+  child->orderAsChild_ = ordered;
   children_.push_back(child);
-  if (visible_) child->orderFront();
+  if (!visible_) return;
+  child->orderFront();
+  if (ordered == NSWindowOrderingMode::below) raise();
 }
 
 void NSWindow::removeChildWindow(NSWindow& child) {

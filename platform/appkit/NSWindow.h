@@ -31,6 +31,11 @@ inline constexpr NSWindowStyleMask NSWindowStyleMaskFullSizeContentView = 1U << 
 enum class NSBackingStoreType { buffered = 2 };
 enum class NSWindowOrderingMode { below = -1, out = 0, above = 1 };
 
+/// How far in front a window stands: a greater number is in front of a lesser one.
+using NSWindowLevel = int;
+inline constexpr NSWindowLevel NSNormalWindowLevel = 0;
+inline constexpr NSWindowLevel NSPopUpMenuWindowLevel = 101;
+
 /// Posted with the window as object, before it leaves the screen for good.
 inline constexpr std::string_view NSWindowWillCloseNotification = "NSWindowWillCloseNotification";
 inline constexpr std::string_view NSWindowDidBecomeKeyNotification = "NSWindowDidBecomeKeyNotification";
@@ -71,6 +76,10 @@ class NSWindow : public NSResponder {
   [[nodiscard]] bool isOpaque() const { return opaque_; }
   void setOpaque(bool opaque) { opaque_ = opaque; }
   [[nodiscard]] bool ignoresMouseEvents() const { return ignoresMouseEvents_; }
+  /// Normal at first. A desktop tells two kinds apart: from the level of pop-up menus on a window stands in
+  /// front of all others. To be set before the window is first shown.
+  [[nodiscard]] NSWindowLevel level() const { return level_; }
+  void setLevel(NSWindowLevel level) { level_ = level; }
   /// To be set before the window is first shown.
   void setIgnoresMouseEvents(bool ignores) { ignoresMouseEvents_ = ignores; }
   [[nodiscard]] CGFloat alphaValue() const { return alphaValue_; }
@@ -198,6 +207,7 @@ class NSWindow : public NSResponder {
   void adoptFrame(NSRect frame);
   void adoptScale();
   void moveChildren(NSPoint by);
+  void raise();
   void showCursor(const NSCursor& cursor);
   void appearanceDidChange();
   void layoutDirectionDidChange();
@@ -223,6 +233,8 @@ class NSWindow : public NSResponder {
   NSSize minimumSize_;
   NSSize maximumSize_;
   CGFloat alphaValue_ = 1;
+  NSWindowLevel level_ = NSNormalWindowLevel;
+  NSWindowOrderingMode orderAsChild_ = NSWindowOrderingMode::above;
   bool opaque_ = true;
   bool ignoresMouseEvents_ = false;
   bool acceptsMouseMoved_ = false;

@@ -191,6 +191,10 @@ TEST(NSWindowGeometry, ChildrenMoveAndLeaveWithTheirParent) {
   EXPECT_EQ(child->frame(), NSRect(130, 110, 50, 20));
   child->makeKey();
   EXPECT_TRUE(fixture.window->isKeyWindow()) << "a borderless window cannot become key";
+  const auto behind = make<NSWindow>(NSRect(120, 130, 50, 20), NSWindowStyleMaskBorderless);
+  const int raises = host->windows().front()->raiseCount();
+  fixture.window->addChildWindow(behind, NSWindowOrderingMode::below);
+  EXPECT_GT(host->windows().front()->raiseCount(), raises) << "the parent comes to lie in front again";
   fixture.window->close();
   EXPECT_FALSE(child->isVisible());
   fixture.window->removeChildWindow(*child);
