@@ -120,13 +120,13 @@ TEST(NSLayoutEngine, AVeryDeepTreeIsSolvedWithoutRecursion) {
 TEST(NSLayoutEngine, FittingSizeIsTheLeastThatTheContentAdmits) {
   const VirtualHostScope host;
   LayoutFixture fixture;
-  EXPECT_EQ(fixture.root->fittingSize(), NSSize{0, 0});
+  EXPECT_EQ(fixture.root->fittingSize(), (NSSize{0, 0}));
   const auto view = placedView(*fixture.root, {60, 20});
-  EXPECT_EQ(view->fittingSize(), NSSize{60, 20});
+  EXPECT_EQ(view->fittingSize(), (NSSize{60, 20}));
   pin(*view, 10);
-  EXPECT_EQ(fixture.root->fittingSize(), NSSize{80, 40});
+  EXPECT_EQ(fixture.root->fittingSize(), (NSSize{80, 40}));
   fixture.window->layoutIfNeeded();
-  EXPECT_EQ(view->frame().size, NSSize{180, 80});
+  EXPECT_EQ(view->frame().size, (NSSize{180, 80}));
 }
 
 TEST(NSLayoutEngine, SenselessNumbersOfViewsAreHarmless) {
