@@ -209,20 +209,30 @@ void NSView::setUserInterfaceLayoutDirection(NSUserInterfaceLayoutDirection dire
 
 // Events
 
-bool NSView::mayHit(NSPoint pointInSuperview) const {
+bool NSView::mayHit(const NSPoint& pointInSuperview) const {
   return !hidden_ && NSMouseInRect(pointInSuperview, frame_, superviewIsFlipped_);
 }
 
+// Steps to the next subview behind `index` that the point may hit. Overrides may have taken views away.
+bool NSView::stepToCandidate(std::size_t& index, const NSPoint& point) const {
+  index = std::min(index, subviews_.size());
+  while (index-- > 0) {
+    if (subviews_[index]->mayHit(point)) return true;
+  }
+  return false;
+}
+
+// Trees are deep and this is called once a level: what it needs of the stack is kept small.
 Ref<NSView> NSView::hitTest(NSPoint point) {
   if (!mayHit(point)) return nullptr;
-  const NSPoint local = placementInSuperview().undo(point);
-  for (std::size_t i = subviews_.size(); i-- > 0;) {
-    // An override below may have taken views away.
-    if (i >= subviews_.size() || !subviews_[i]->mayHit(local)) continue;
-    const Ref<NSView> view = subviews_[i];
-    if (auto hit = view->hitTest(local)) return hit;
+  point = placementInSuperview().undo(point);
+  Ref<NSView> hit;
+  for (std::size_t index = subviews_.size(); !hit && stepToCandidate(index, point);) {
+    hit = subviews_[index];
+    hit = hit->hitTest(point);
   }
-  return this;
+  if (!hit) hit = this;
+  return hit;
 }
 
 Ref<NSResponder> NSView::nextResponder() const {

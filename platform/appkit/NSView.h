@@ -299,7 +299,8 @@ class NSView : public NSResponder, public CALayerDelegate, public NSLayoutItem {
   void markTrackingStale();
   void updateTrackingInTree();
   void refreshTracking();
-  [[nodiscard]] bool mayHit(NSPoint pointInSuperview) const;
+  [[nodiscard]] bool mayHit(const NSPoint& pointInSuperview) const;
+  [[nodiscard]] bool stepToCandidate(std::size_t& index, const NSPoint& point) const;
   void layoutMarkedViews();
   void updateConstraints();
   [[nodiscard]] NSView& layoutRoot();
