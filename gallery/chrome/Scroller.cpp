@@ -81,9 +81,12 @@ void Scroller::layout() {
 }
 
 bool Scroller::scrollToVisible(NSRect rect) {
+  const bool isAbove = rect.minY() < edge;
+  const bool isBelow = rect.maxY() > bounds().height() - edge;
+  if (isAbove == isBelow) return false;  // it shows, or is larger than what can show
   const CGFloat before = offset_;
-  if (rect.maxY() + edge > bounds().height()) scrollTo(offset_ + rect.maxY() + edge - bounds().height());
-  if (rect.minY() - edge < before - offset_) scrollTo(before + rect.minY() - edge);
+  scrollTo(offset_ + (isAbove ? rect.minY() - edge : rect.maxY() + edge - bounds().height()));
+  layoutSubtreeIfNeeded();  // now, so that it moves with the animation that this is asked in
   return offset_ != before;
 }
 

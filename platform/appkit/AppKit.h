@@ -27,3 +27,4 @@
 #include "platform/appkit/NSUserInterfaceLayoutDirection.h"
 #include "platform/appkit/NSView.h"
 #include "platform/appkit/NSWindow.h"
+#include "platform/appkit/NSWorkspace.h"
