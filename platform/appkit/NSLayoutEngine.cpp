@@ -165,6 +165,7 @@ NSLayoutEngine::Item& NSLayoutEngine::itemFor(NSLayoutItem& item) {
 }
 
 NSLayoutEngine::Item& NSLayoutEngine::makeItem(NSLayoutItem& item, std::uint32_t depth) {
+  item.layoutPart();  // by which the item knows that somebody asks for its changes
   auto& made = items_[&item];
   made.item = &item;
   made.depth = depth;
@@ -480,6 +481,7 @@ void NSLayoutEngine::update() {
 // In a view whose y runs up, what hangs at its top moves with its height.
 void NSLayoutEngine::noteChangedItems() {
   for (const auto variable : solver_.changes()) {
+    if (!itemsByVariable_[variable.index]) continue;  // it has left
     auto& item = *itemsByVariable_[variable.index];
     markNeedsFrame(item);
     auto* view = dynamic_cast<NSView*>(item.item);

@@ -133,7 +133,8 @@ void NSView::willLeaveLayoutTree() {
   for (const auto& constraint : crossing) constraint->setActive(false);
   // The innermost first, on which the least depends.
   for (auto constraint = held.rbegin(); constraint != held.rend(); ++constraint) engine->remove(**constraint);
-  for (auto* item : items) engine->forget(*item);
+  // Views within before those around them, by whose variables their frames are told.
+  for (auto item = items.rbegin(); item != items.rend(); ++item) engine->forget(**item);
   if (held.empty()) return;
   layoutPart().engine = make<NSLayoutEngine>(*this);
   for (const auto& constraint : held) layoutPart_->engine->add(*constraint);
@@ -200,8 +201,7 @@ void NSView::setContentCompressionResistancePriority(NSLayoutPriority priority,
 }
 
 NSSize NSView::fittingSize() const {
-  auto& self =
-      const_cast<NSView&>(*this);  // asking for sizes is not const, only what overrides do may change
+  auto& self = const_cast<NSView&>(*this);  // the engine may set frames, but does not for this
   const auto engine = make<NSLayoutEngine>(self, NSLayoutEngine::Purpose::fitting);
   for (const auto& constraint : self.heldConstraints()) engine->add(*constraint);
   return engine->solvedSize();

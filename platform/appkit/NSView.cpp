@@ -190,8 +190,11 @@ NSRect NSView::convertRectFrom(const NSRect& rect, const NSView* view) const {
 void NSView::resizeSubviews(NSSize oldSize) {
   const auto snapshot = subviews_;
   for (const auto& view : snapshot) {
-    if (view->autoresizingMask_ == NSViewNotSizable) continue;
     if (!view->translatesAutoresizingMaskIntoConstraints()) continue;
+    if (view->autoresizingMask_ == NSViewNotSizable) {
+      view->layoutPropertyDidChange();  // its constraints may still be those of another mask
+      continue;
+    }
     view->setFrame(autoresized(view->frame_, view->autoresizingMask_, bounds(), oldSize));
   }
 }

@@ -36,6 +36,26 @@ TEST(NSLayoutEngine, FollowsTheWindowThroughTheMasksOfTheViewsBetween) {
   EXPECT_EQ(view->frame(), NSRect(10, 10, 280, 80));
 }
 
+TEST(NSLayoutEngine, HearsOfViewsBetweenThatNoConstraintNames) {
+  const VirtualHostScope host;
+  LayoutFixture fixture;
+  const auto between = make<LayoutView>(NSRect(20, 0, 100, 100));
+  fixture.root->addSubview(between);
+  const auto inner = placedView(*between, {10, 10});
+  const auto outer = placedView(*fixture.root, {10, 10});
+  activated(inner->leftAnchor()->constraintEqualTo(fixture.root->leftAnchor(), 50));
+  activated(outer->leftAnchor()->constraintEqualTo(inner->rightAnchor(), 5));
+  fixture.window->layoutIfNeeded();
+  EXPECT_EQ(inner->frame().origin.x, 30);
+  between->setFrameOrigin({35, 0});
+  fixture.window->layoutIfNeeded();
+  EXPECT_EQ(inner->frame().origin.x, 15);
+  EXPECT_EQ(outer->frame().origin.x, 65);
+  between->removeFromSuperview();
+  fixture.window->layoutIfNeeded();
+  EXPECT_EQ(inner->frame().origin.x, 15);
+}
+
 TEST(NSLayoutEngine, LaysOutOnlyWhatChanged) {
   const VirtualHostScope host;
   LayoutFixture fixture;
