@@ -1,31 +1,80 @@
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "host/Geometry.h"
 
 namespace bkuk::host {
 
-/// Metrics of a face at its size, in points. `descent` is positive below the baseline.
+/// Metrics of a face at its size, in points, from the face's own tables and not rounded.
 struct FontMetrics {
   double ascent = 0;
-  double descent = 0;
+  double descent = 0;  ///< positive below the baseline
   double leading = 0;
   double capHeight = 0;
   double xHeight = 0;
+  double underlinePosition = 0;  ///< negative below the baseline
+  double underlineThickness = 0;
+  double italicAngle = 0;  ///< degrees, counter-clockwise from upright
+  Rect bounds;             ///< around all glyphs set at one place; its y runs up from the baseline
 };
 
 enum class TextDirection { leftToRight, rightToLeft };
 
-/// One shaped line, glyphs in visual order. Immutable.
+/// Where one UTF-16 unit of a line stands, in points from the start of the line.
+///
+/// No glyph stands for more than one character that a reader would tell apart. Only the first unit of such
+/// a character advances; the others (the second half of a surrogate pair, combining marks, joined emoji)
+/// share its left edge and do not.
+struct TextUnit {
+  double x = 0;  ///< the left edge, in either direction
+  double advance = 0;
+  bool isRightToLeft = false;
+  bool startsCharacter = true;
+};
+
+/// One shaped line, glyphs in visual order. Immutable; painted by `Canvas::drawText` without being shaped
+/// again.
 class TextLine {
  public:
   virtual ~TextLine() = default;
   /// The distance that the pen travels, in points.
   [[nodiscard]] virtual double width() const = 0;
+  /// One for each UTF-16 unit of the line, in the order of the text.
+  [[nodiscard]] virtual std::span<const TextUnit> units() const = 0;
+  /// The glyphs of the units from `from` up to `to`, counted from the line's first, where they stand in the
+  /// line: drawn at the same origin the parts make up the line. `to` is cut to the line's length.
+  [[nodiscard]] virtual std::shared_ptr<const TextLine> part(std::size_t from, std::size_t to) const = 0;
 };
+
+/// Whether a line may begin at a unit.
+enum class LineBreak : std::uint8_t { none, allowed, mandatory };
+
+/// A text in one direction, shaped and not yet broken into lines. Immutable.
+class TextParagraph {
+ public:
+  virtual ~TextParagraph() = default;
+  /// In UTF-16 units.
+  [[nodiscard]] virtual std::size_t length() const = 0;
+  /// On one line, in points.
+  [[nodiscard]] virtual double width() const = 0;
+  /// The advance of each unit, in the order of the text. Those of any stretch add up to its width.
+  [[nodiscard]] virtual std::span<const double> advances() const = 0;
+  /// One for each unit and one for the end.
+  [[nodiscard]] virtual std::span<const LineBreak> lineBreaks() const = 0;
+  /// The units from `from` up to `to` as a line: reordered for both directions, white space at its end moved
+  /// to where the paragraph's direction ends. `to` is cut to the length.
+  [[nodiscard]] virtual std::shared_ptr<const TextLine> line(std::size_t from, std::size_t to) const = 0;
+};
+
+/// The weight of a face, on the scale of the OpenType weight class (400 regular, 700 bold).
+using FontWeight = int;
 
 /// A face at a size. Immutable; shared freely.
 class Font {
@@ -33,22 +82,54 @@ class Font {
   virtual ~Font() = default;
   [[nodiscard]] virtual FontMetrics metrics() const = 0;
   [[nodiscard]] virtual std::string postScriptName() const = 0;
-  /// Shapes the text as one line with bidirectional reordering and font fallback; line breaks in it
+  /// As people know it.
+  [[nodiscard]] virtual std::string familyName() const = 0;
+  /// The face's own glyph for a character; 0 when it has none.
+  [[nodiscard]] virtual std::uint32_t glyph(char32_t character) const = 0;
+  /// How far the pen travels past a glyph of the face, in points.
+  [[nodiscard]] virtual double advance(std::uint32_t glyph) const = 0;
+  /// Shapes the text as one line with bidirectional reordering and font fallback; line breaks and tabs in it
   /// count as spaces. `direction` is the base direction of the paragraph.
   [[nodiscard]] virtual std::shared_ptr<const TextLine> shape(std::u16string_view text,
                                                               TextDirection direction) const = 0;
 };
 
-/// The weight of the system face, on the scale of the OpenType weight class (400 regular, 700 bold).
-using FontWeight = int;
+/// A stretch of text in one font.
+struct TextRun {
+  std::size_t length = 0;      ///< in UTF-16 units
+  const Font* font = nullptr;  ///< of the same host; needs to live for the call only
+  double kern = 0;             ///< points added after each character
+  bool usesPairKerning = true;
+};
+
+/// What became of a font file that was to be registered.
+struct FontRegistration {
+  enum class Status { registered, missingFile, notAFont, registeredBefore };
+  Status status = Status::notAFont;
+  std::vector<std::string> names;  ///< the PostScript names of the faces that are new
+};
 
 class Fonts {
  public:
   virtual ~Fonts() = default;
   /// The desktop's own interface face; never empty. `size` in points.
   [[nodiscard]] virtual std::shared_ptr<const Font> systemFont(double size, FontWeight weight) = 0;
-  /// The installed face of that PostScript name, empty when there is none.
+  /// The registered or else installed face of that PostScript name. A name that other systems' faces for
+  /// Japanese, Chinese or Korean have finds what stands in for it here. Empty when there is none.
   [[nodiscard]] virtual std::shared_ptr<const Font> font(std::string_view postScriptName, double size) = 0;
+  /// The best installed face that covers a language ("ja", "zh-Hant", "he"), else the system face; never
+  /// empty.
+  [[nodiscard]] virtual std::shared_ptr<const Font> fontForLanguage(std::string_view language, double size,
+                                                                    FontWeight weight) = 0;
+  /// Makes the faces of a file known to this process alone, until it ends. A name that is registered already
+  /// keeps its face. A file that is broken, cut short or no font registers nothing.
+  virtual FontRegistration registerFile(const std::string& path) = 0;
+  /// Shapes a paragraph in several fonts, with fallback; line breaks and tabs in it count as spaces. The runs
+  /// cover the text in order; what they leave over takes the last one's font. Without runs there is no
+  /// text.
+  [[nodiscard]] virtual std::shared_ptr<const TextParagraph> shape(std::u16string_view text,
+                                                                   std::span<const TextRun> runs,
+                                                                   TextDirection direction) = 0;
 };
 
 }  // namespace bkuk::host

@@ -1,30 +1,35 @@
 #pragma once
 
-#include <QtGui/QFont>
-#include <QtGui/QRawFont>
+#include <memory>
 
 #include "host/Text.h"
+#include "host/qt/QtFace.h"
+#include "host/qt/QtTextShaper.h"
 
 namespace bkuk::host {
 
-/// A face at a size. Qt rounds sizes, advances and heights to whole pixels, so text is laid out many times
-/// larger and scaled down; what is drawn is set at the exact size.
+/// A face at a size.
 class QtFont final : public Font {
  public:
-  /// `face` says which face; its size is ignored. A size that is not finite or not above 0 is taken
-  /// as 1, one above 10000 as that.
-  QtFont(const QFont& face, double size);
+  /// A size that is not finite or not above 0 is taken as 1, one above 10000 as that.
+  QtFont(std::shared_ptr<const QtFace> face, double size, std::shared_ptr<QtTextShaper> shaper);
 
-  [[nodiscard]] FontMetrics metrics() const override { return metrics_; }
-  [[nodiscard]] std::string postScriptName() const override;
+  [[nodiscard]] FontMetrics metrics() const override { return face_->metrics(size_); }
+  [[nodiscard]] std::string postScriptName() const override { return face_->postScriptName(); }
+  [[nodiscard]] std::string familyName() const override { return face_->familyName(); }
+  [[nodiscard]] std::uint32_t glyph(char32_t character) const override;
+  [[nodiscard]] double advance(std::uint32_t glyph) const override;
   [[nodiscard]] std::shared_ptr<const TextLine> shape(std::u16string_view text,
                                                       TextDirection direction) const override;
 
+  [[nodiscard]] const QtFace& face() const { return *face_; }
+  [[nodiscard]] const std::shared_ptr<const QtFace>& sharedFace() const { return face_; }
+  [[nodiscard]] double size() const { return size_; }
+
  private:
+  std::shared_ptr<const QtFace> face_;
   double size_;
-  QFont layoutFont_;
-  QRawFont rawFont_;
-  FontMetrics metrics_;
+  std::shared_ptr<QtTextShaper> shaper_;
 };
 
 }  // namespace bkuk::host

@@ -2,20 +2,22 @@
 
 #include <QtGui/QFontDatabase>
 #include <QtGui/QGuiApplication>
-#include <QtGui/QRawFont>
 #include <algorithm>
 #include <utility>
+#include <vector>
 
-#include "host/qt/FontTables.h"
+#include "host/FontStandIns.h"
 #include "host/qt/QtApplication.h"
 #include "host/qt/QtFont.h"
+#include "host/qt/QtLanguageFaces.h"
 
 namespace bkuk::host {
 
 namespace {
 
-constexpr int lightestWeight = 1;
-constexpr int heaviestWeight = 1000;
+QFont::Weight usableWeight(FontWeight weight) {
+  return static_cast<QFont::Weight>(std::clamp(weight, 1, 1000));
+}
 
 QFont styledFont(const QString& family, const QString& style) {
   QFont font(family);
@@ -36,22 +38,70 @@ bool resembles(const QString& family, const QString& postScriptName) {
 std::shared_ptr<const Font> QtFonts::systemFont(double size, FontWeight weight) {
   QtApplication::shared(QtApplication::Purpose::drawing);
   QFont font = QGuiApplication::font();
-  font.setWeight(static_cast<QFont::Weight>(std::clamp(weight, lightestWeight, heaviestWeight)));
-  return std::make_shared<QtFont>(font, size);
+  font.setWeight(usableWeight(weight));
+  return made(faceOf(font), size);
 }
 
 std::shared_ptr<const Font> QtFonts::font(std::string_view postScriptName, double size) {
   QtApplication::shared(QtApplication::Purpose::drawing);
   const auto found = face(std::string(postScriptName));
-  return found ? std::make_shared<QtFont>(*found, size) : nullptr;
+  return found ? made(found, size) : nullptr;
 }
 
-std::optional<QFont> QtFonts::face(const std::string& postScriptName) {
-  if (postScriptName.empty()) return std::nullopt;
-  if (!faces_.contains(postScriptName)) indexFamiliesLike(postScriptName);
-  if (!faces_.contains(postScriptName)) indexEverything();
-  const auto found = faces_.find(postScriptName);
-  return found == faces_.end() ? std::nullopt : std::optional(found->second);
+std::shared_ptr<const Font> QtFonts::fontForLanguage(std::string_view language, double size,
+                                                     FontWeight weight) {
+  QtApplication::shared(QtApplication::Purpose::drawing);
+  const auto font = host::fontForLanguage(language, usableWeight(weight));
+  return font ? made(faceOf(*font), size) : systemFont(size, weight);
+}
+
+FontRegistration QtFonts::registerFile(const std::string& path) {
+  QtApplication::shared(QtApplication::Purpose::drawing);
+  auto registration = registered_.registerFile(path);
+  for (const auto& name : registration.names) faces_.erase(name);
+  return registration;
+}
+
+std::shared_ptr<const TextParagraph> QtFonts::shape(std::u16string_view text, std::span<const TextRun> runs,
+                                                    TextDirection direction) {
+  std::vector<StyledRun> styled;
+  styled.reserve(runs.size());
+  for (const auto& run : runs) {
+    const auto& font = static_cast<const QtFont&>(*run.font);
+    styled.push_back({run.length, &font.face(), font.size(), run.kern, run.usesPairKerning});
+  }
+  return shaper_->paragraph(text, styled, direction);
+}
+
+std::shared_ptr<const Font> QtFonts::made(const Face& face, double size) const {
+  return std::make_shared<QtFont>(face, size, shaper_);
+}
+
+QtFonts::Face QtFonts::faceOf(const QFont& font) {
+  auto& face = facesOfFonts_[font.key()];
+  if (!face) face = std::make_shared<QtFace>(font);
+  return face;
+}
+
+QtFonts::Face QtFonts::face(const std::string& postScriptName) {
+  if (postScriptName.empty()) return nullptr;
+  if (const auto found = faces_.find(postScriptName); found != faces_.end()) return found->second;
+  auto font = registered_.font(postScriptName);
+  if (!font && !installed_.contains(postScriptName)) indexFamiliesLike(postScriptName);
+  if (!font && !installed_.contains(postScriptName)) {
+    // Looking at every face is not worth it for names that stand for others anyway.
+    if (auto face = standIn(postScriptName)) return faces_[postScriptName] = face;
+    indexEverything();
+  }
+  const auto found = installed_.find(postScriptName);
+  if (!font && found != installed_.end()) font = found->second;
+  return font ? faces_[postScriptName] = std::make_shared<QtFace>(*font) : nullptr;
+}
+
+QtFonts::Face QtFonts::standIn(std::string_view postScriptName) {
+  const auto wanted = standInFor(postScriptName);
+  if (!wanted) return nullptr;
+  return static_cast<const QtFont&>(*fontForLanguage(wanted->language, 1, wanted->weight)).sharedFace();
 }
 
 void QtFonts::indexFamiliesLike(std::string_view postScriptName) {
@@ -70,9 +120,9 @@ void QtFonts::indexFamily(const QString& family) {
   if (!indexed_.insert(family).second) return;
   for (const auto& style : QFontDatabase::styles(family)) {
     QFont font = styledFont(family, style);
-    const auto name = FontTables(QRawFont::fromFont(font)).postScriptName();
+    const auto name = QtFace::postScriptNameOf(font);
     font.setStyleStrategy(QFont::PreferDefault);
-    if (!name.empty()) faces_.try_emplace(name, font);
+    if (!name.empty()) installed_.try_emplace(name, font);
   }
 }
 

@@ -9,25 +9,48 @@
 #include <utility>
 
 #include "host/Text.h"
+#include "host/qt/QtFace.h"
+#include "host/qt/QtRegisteredFaces.h"
+#include "host/qt/QtTextShaper.h"
 
 namespace bkuk::host {
 
-/// The installed faces. Makes an application object without windows when the process has none.
+/// The registered and the installed faces, and the shaping of text in them. Makes an application object
+/// without windows when the process has none.
 class QtFonts final : public Fonts {
  public:
   [[nodiscard]] std::shared_ptr<const Font> systemFont(double size, FontWeight weight) override;
   [[nodiscard]] std::shared_ptr<const Font> font(std::string_view postScriptName, double size) override;
+  [[nodiscard]] std::shared_ptr<const Font> fontForLanguage(std::string_view language, double size,
+                                                            FontWeight weight) override;
+  FontRegistration registerFile(const std::string& path) override;
+  [[nodiscard]] std::shared_ptr<const TextParagraph> shape(std::u16string_view text,
+                                                           std::span<const TextRun> runs,
+                                                           TextDirection direction) override;
+
+  /// How many words have been shaped so far, rather than remembered.
+  [[nodiscard]] std::size_t shapedWordCount() const { return shaper_->shapedWordCount(); }
 
  private:
-  [[nodiscard]] std::optional<QFont> face(const std::string& postScriptName);
+  using Face = std::shared_ptr<const QtFace>;
+
+  [[nodiscard]] Face face(const std::string& postScriptName);
+  [[nodiscard]] Face standIn(std::string_view postScriptName);
+  [[nodiscard]] Face faceOf(const QFont& font);
+  [[nodiscard]] std::shared_ptr<const Font> made(const Face& face, double size) const;
   void indexFamily(const QString& family);
   void indexFamiliesLike(std::string_view postScriptName);
   void indexEverything();
 
+  std::shared_ptr<QtTextShaper> shaper_ = std::make_shared<QtTextShaper>();
+  QtRegisteredFaces registered_;
   // Reading the name of every installed face takes long, so families are read when a name asks for them.
-  std::map<std::string, QFont, std::less<>> faces_;
+  std::map<std::string, QFont, std::less<>> installed_;
   std::set<QString> indexed_;
   bool indexedEverything_ = false;
+  // The faces in use: by what they are called, and by what Qt asks for.
+  std::map<std::string, Face, std::less<>> faces_;
+  std::map<QString, Face> facesOfFonts_;
 };
 
 }  // namespace bkuk::host

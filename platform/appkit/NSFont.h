@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "platform/coretext/CTFont.h"
+#include "platform/foundation/NSGeometry.h"
 
 namespace bkuk {
 
@@ -11,7 +12,9 @@ namespace bkuk {
 /// face's own, not rounded, in points.
 class NSFont final : public NSObject {
  public:
-  /// The face of that PostScript name, exactly; empty when there is none. A size of 0 means 12 points.
+  /// The registered or else installed face of that PostScript name, exactly; empty when there is none. Names
+  /// that only other systems' faces for Japanese, Chinese or Korean have find what stands in for them here
+  /// and keep their name. A size of 0 means 12 points.
   [[nodiscard]] static Ref<NSFont> font(std::string_view name, CGFloat size);
   /// The desktop's interface face. A size of 0 means 13 points.
   [[nodiscard]] static Ref<NSFont> systemFont(CGFloat ofSize);
@@ -20,6 +23,8 @@ class NSFont final : public NSObject {
   NSFont(std::string name, Ref<CTFont> face) : name_(std::move(name)), face_(std::move(face)) {}
 
   [[nodiscard]] const std::string& fontName() const { return name_; }
+  /// As people know the face; that of the stand-in where one stands in.
+  [[nodiscard]] std::string familyName() const { return face_->familyName(); }
   [[nodiscard]] CGFloat pointSize() const { return face_->size(); }
   [[nodiscard]] CGFloat ascender() const { return face_->ascent(); }
   /// Negative below the baseline.
@@ -27,6 +32,16 @@ class NSFont final : public NSObject {
   [[nodiscard]] CGFloat leading() const { return face_->leading(); }
   [[nodiscard]] CGFloat capHeight() const { return face_->capHeight(); }
   [[nodiscard]] CGFloat xHeight() const { return face_->xHeight(); }
+  /// Negative below the baseline.
+  [[nodiscard]] CGFloat underlinePosition() const { return face_->underlinePosition(); }
+  [[nodiscard]] CGFloat underlineThickness() const { return face_->underlineThickness(); }
+  /// In degrees, counter-clockwise from upright: negative for letters that lean to the right.
+  [[nodiscard]] CGFloat italicAngle() const { return face_->slantAngle(); }
+  /// Around all glyphs of the face set at one place; y runs up from the baseline. Mostly taller than from
+  /// descender to ascender.
+  [[nodiscard]] NSRect boundingRectForFont() const { return face_->boundingBox(); }
+  /// How far the pen travels past a glyph of the face.
+  [[nodiscard]] NSSize advancement(CGGlyph forGlyph) const { return {face_->advance(forGlyph), 0}; }
 
   [[nodiscard]] const Ref<CTFont>& face() const { return face_; }
 

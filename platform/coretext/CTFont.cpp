@@ -18,4 +18,9 @@ Ref<CTFont> CTFont::font(std::string_view postScriptName, CGFloat size) {
   return font ? make<CTFont>(std::move(font), size) : nullptr;
 }
 
+CGRect CTFont::boundingBox() const {
+  const auto& box = metrics_.bounds;
+  return {box.x, box.y, box.width, box.height};
+}
+
 }  // namespace bkuk

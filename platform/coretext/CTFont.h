@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -10,24 +11,41 @@
 
 namespace bkuk {
 
+using CGGlyph = std::uint32_t;
+
 /// A face at a size. Immutable.
 class CTFont final : public NSObject {
  public:
   /// The desktop's interface face. `weight` is on the scale of the OpenType weight class.
   [[nodiscard]] static Ref<CTFont> systemFont(CGFloat size, host::FontWeight weight = 400);
-  /// The face of that PostScript name, empty when there is none.
+  /// The registered or else installed face of that PostScript name, empty when there is none. Names that only
+  /// other systems' faces for Japanese, Chinese or Korean have find what stands in for them.
   [[nodiscard]] static Ref<CTFont> font(std::string_view postScriptName, CGFloat size);
 
   explicit CTFont(std::shared_ptr<const host::Font> font, CGFloat size);
 
   [[nodiscard]] CGFloat size() const { return size_; }
   [[nodiscard]] std::string postScriptName() const { return font_->postScriptName(); }
+  /// As people know it.
+  [[nodiscard]] std::string familyName() const { return font_->familyName(); }
   [[nodiscard]] CGFloat ascent() const { return metrics_.ascent; }
   /// Positive below the baseline.
   [[nodiscard]] CGFloat descent() const { return metrics_.descent; }
   [[nodiscard]] CGFloat leading() const { return metrics_.leading; }
   [[nodiscard]] CGFloat capHeight() const { return metrics_.capHeight; }
   [[nodiscard]] CGFloat xHeight() const { return metrics_.xHeight; }
+  /// Negative below the baseline.
+  [[nodiscard]] CGFloat underlinePosition() const { return metrics_.underlinePosition; }
+  [[nodiscard]] CGFloat underlineThickness() const { return metrics_.underlineThickness; }
+  /// In degrees, counter-clockwise from upright: negative for letters that lean to the right.
+  [[nodiscard]] CGFloat slantAngle() const { return metrics_.italicAngle; }
+  /// Around all glyphs of the face set at one place; y runs up from the baseline.
+  [[nodiscard]] CGRect boundingBox() const;
+
+  /// The face's own glyph for a character; 0 when it has none.
+  [[nodiscard]] CGGlyph glyph(char32_t character) const { return font_->glyph(character); }
+  /// How far the pen travels past a glyph of the face, in points.
+  [[nodiscard]] CGFloat advance(CGGlyph glyph) const { return font_->advance(glyph); }
 
   [[nodiscard]] const host::Font& hostFont() const { return *font_; }
 

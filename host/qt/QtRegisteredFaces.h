@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QtGui/QFont>
+#include <cstddef>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/FontFile.h"
+#include "host/Text.h"
+
+namespace bkuk::host {
+
+/// The faces that the process has registered from files. Each gets a family of its own in Qt's list, so that
+/// none takes the place of an installed face or hides behind one of the same family and style.
+class QtRegisteredFaces {
+ public:
+  FontRegistration registerFile(const std::string& path);
+
+  /// Absent for a name that is not registered and for a face that Qt refuses.
+  [[nodiscard]] std::optional<QFont> font(std::string_view postScriptName);
+
+ private:
+  struct Entry {
+    std::shared_ptr<const std::vector<std::byte>> file;  // empty once the face has been handed to Qt
+    FontFileFace face;
+    std::optional<QFont> font;
+  };
+
+  static void handOver(Entry& entry);
+
+  std::map<std::string, Entry, std::less<>> entries_;
+};
+
+}  // namespace bkuk::host

@@ -1,0 +1,104 @@
+#include "host/qt/QtTextShaper.h"
+
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+#include "host/qt/QtTextOrder.h"
+#include "host/qt/QtWordShaper.h"
+#include "host/qt/TextCharacters.h"
+
+namespace bkuk::host {
+
+namespace {
+
+constexpr std::size_t longestRemembered = 256;
+
+}  // namespace
+
+/// Sets the words of one paragraph, span by span and run by run.
+class QtTextShaper::Setter {
+ public:
+  Setter(QtTextShaper& shaper, std::u16string_view text, std::span<const StyledRun> runs)
+      : shaper_(shaper), text_(text), runs_(runs) {
+    words_.reserve(text.size() / 4 + 2);
+  }
+
+  void set(const DirectedSpan& span) {
+    const std::size_t first = words_.size();
+    for (std::size_t at = span.from; at < span.to;) {
+      const std::size_t end = std::min(span.to, runEnd(at));
+      set(at, end, span);
+      at = end;
+    }
+    // Within the span, words that come later stand left of those before where it runs leftwards.
+    if (span.direction == TextDirection::leftToRight) return;
+    const std::size_t count = words_.size() - first;
+    for (std::size_t i = 0; i < count; ++i) words_[first + i].rank += count - 1 - i;
+  }
+
+  [[nodiscard]] std::vector<SetWord> take() { return std::move(words_); }
+
+ private:
+  // Ranks leave room for one word for each unit of a span.
+  void set(std::size_t from, std::size_t to, const DirectedSpan& span) {
+    const bool isRightToLeft = span.direction == TextDirection::rightToLeft;
+    while (from < to) {
+      const auto rest = text_.substr(from, to - from);
+      const auto text = rest.substr(0, endOfWord(rest, 0));
+      // Spaces are the same in both directions.
+      const auto direction = isSpace(text[0]) ? TextDirection::leftToRight : span.direction;
+      words_.push_back({shaper_.word(text, run(), direction), from, run().size, run().kern,
+                        span.rank * (text_.size() + 1), isRightToLeft});
+      from += text.size();
+    }
+  }
+
+  // Where the run ends that holds the unit; moves on to that run.
+  std::size_t runEnd(std::size_t at) {
+    while (run_ + 1 < runs_.size() && at >= runStart_ + runs_[run_].length) runStart_ += runs_[run_++].length;
+    return run_ + 1 < runs_.size() ? runStart_ + runs_[run_].length : text_.size();
+  }
+  [[nodiscard]] const StyledRun& run() const { return runs_[run_]; }
+
+  QtTextShaper& shaper_;
+  std::u16string_view text_;
+  std::span<const StyledRun> runs_;
+  std::size_t run_ = 0;
+  std::size_t runStart_ = 0;
+  std::vector<SetWord> words_;
+};
+
+std::shared_ptr<const TextParagraph> QtTextShaper::paragraph(std::u16string_view text,
+                                                             std::span<const StyledRun> runs,
+                                                             TextDirection direction) {
+  if (runs.size() != 1 || text.size() > longestRemembered) return shape(text, runs, direction);
+  const auto& run = runs[0];
+  const Style style{run.face->id(), run.usesPairKerning, direction, run.size, run.kern};
+  if (const auto* found = paragraphs_.find(Lookup{style, text})) return *found;
+  return paragraphs_.insert({style, std::u16string(text)}, shape(text, runs, direction));
+}
+
+std::shared_ptr<const TextParagraph> QtTextShaper::shape(std::u16string_view text,
+                                                         std::span<const StyledRun> runs,
+                                                         TextDirection direction) {
+  if (runs.empty()) text = {};
+  Setter setter(*this, text, runs);
+  if (direction == TextDirection::leftToRight && !mayRunRightToLeft(text)) {
+    setter.set({0, text.size(), direction, 0});
+  } else if (!text.empty()) {
+    for (const auto& span : directedSpans(text, direction, runs[0].face->layoutFont(true))) setter.set(span);
+  }
+  return std::make_shared<QtTextParagraph>(std::u16string(text), direction, setter.take(), rawFonts_);
+}
+
+std::shared_ptr<const ShapedWord> QtTextShaper::word(std::u16string_view text, const StyledRun& run,
+                                                     TextDirection direction) {
+  const Style style{run.face->id(), run.usesPairKerning, direction, 0, 0};
+  if (const auto* found = words_.find(Lookup{style, text})) return *found;
+  ++shapedWordCount_;
+  return words_.insert({style, std::u16string(text)},
+                       shapeWord(text, {run.face, run.usesPairKerning, direction}, *rawFonts_));
+}
+
+}  // namespace bkuk::host
