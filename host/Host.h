@@ -3,6 +3,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -10,6 +11,7 @@
 #include "host/Accessibility.h"
 #include "host/Appearance.h"
 #include "host/Canvas.h"
+#include "host/ImageFile.h"
 #include "host/Text.h"
 #include "host/Window.h"
 
@@ -78,6 +80,8 @@ class Host {
 
   [[nodiscard]] virtual std::unique_ptr<Canvas> makeCanvas(Bitmap& bitmap) = 0;
   [[nodiscard]] virtual Fonts& fonts() = 0;
+  /// Reads PNG and JPEG, and SVG where the host has a reader for it. The contents decide, never a name.
+  [[nodiscard]] virtual DecodedImage decodeImage(std::span<const std::byte> file) const = 0;
 
   // Answers
 

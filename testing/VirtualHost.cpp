@@ -114,6 +114,10 @@ std::unique_ptr<host::Window> VirtualHost::makeWindow(const host::WindowOptions&
   return std::make_unique<VirtualWindow>(*this, options, client);
 }
 
+host::DecodedImage VirtualHost::decodeImage(std::span<const std::byte> file) const {
+  return host::decodeImageFile(file);
+}
+
 std::unique_ptr<host::Canvas> VirtualHost::makeCanvas(host::Bitmap& bitmap) {
   return host::makeRasterCanvas(bitmap);
 }

@@ -84,6 +84,7 @@ class VirtualHost final : public host::Host {
   void beep() override { ++beepCount_; }
   [[nodiscard]] std::unique_ptr<host::Canvas> makeCanvas(host::Bitmap& bitmap) override;
   [[nodiscard]] host::Fonts& fonts() override { return *fonts_; }
+  [[nodiscard]] host::DecodedImage decodeImage(std::span<const std::byte> file) const override;
   [[nodiscard]] host::Appearance appearance() const override { return appearance_.current(); }
   void setAppearanceHandler(std::function<void()> changed) override;
   [[nodiscard]] std::vector<std::string> languages() const override { return languages_; }

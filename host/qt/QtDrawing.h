@@ -1,15 +1,19 @@
 #pragma once
 
+#include <cstddef>
 #include <memory>
+#include <span>
 
 #include "host/Canvas.h"
+#include "host/ImageFile.h"
 #include "host/Text.h"
 
 namespace bkuk::host {
 
-/// The raster and the text of the desktop's host for hosts without a desktop. Drawing needs no display;
-/// the faces make an application object without one when they are first asked for.
+/// Raster, text and image files of the desktop's host for hosts without a desktop. Drawing needs no display;
+/// faces and image files make an application object without one when they are first asked for.
 [[nodiscard]] std::unique_ptr<Canvas> makeRasterCanvas(Bitmap& bitmap);
 [[nodiscard]] std::unique_ptr<Fonts> makeInstalledFonts();
+[[nodiscard]] DecodedImage decodeImageFile(std::span<const std::byte> bytes);
 
 }  // namespace bkuk::host

@@ -8,6 +8,7 @@
 #include "host/qt/QtBell.h"
 #include "host/qt/QtCanvas.h"
 #include "host/qt/QtConversions.h"
+#include "host/qt/QtDrawing.h"
 #include "host/qt/QtWindow.h"
 
 namespace bkuk::host {
@@ -67,6 +68,8 @@ bool QtHost::hasDisplay() const { return application_.hasDisplay(); }
 void QtHost::beep() { ringBell(); }
 
 std::unique_ptr<Canvas> QtHost::makeCanvas(Bitmap& bitmap) { return std::make_unique<QtCanvas>(bitmap); }
+
+DecodedImage QtHost::decodeImage(std::span<const std::byte> file) const { return decodeImageFile(file); }
 
 void QtHost::setAppearanceHandler(std::function<void()> changed) {
   appearance_.setHandler(std::move(changed));

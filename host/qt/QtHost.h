@@ -37,6 +37,7 @@ class QtHost final : public Host {
 
   [[nodiscard]] std::unique_ptr<Canvas> makeCanvas(Bitmap& bitmap) override;
   [[nodiscard]] Fonts& fonts() override { return fonts_; }
+  [[nodiscard]] DecodedImage decodeImage(std::span<const std::byte> file) const override;
 
   [[nodiscard]] Appearance appearance() const override { return appearance_.current(); }
   void setAppearanceHandler(std::function<void()> changed) override;

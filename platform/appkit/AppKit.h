@@ -15,6 +15,8 @@
 #include "platform/appkit/NSEventMonitor.h"
 #include "platform/appkit/NSFont.h"
 #include "platform/appkit/NSGraphicsContext.h"
+#include "platform/appkit/NSImage.h"
+#include "platform/appkit/NSImageView.h"
 #include "platform/appkit/NSLayoutAnchor.h"
 #include "platform/appkit/NSLayoutConstraint.h"
 #include "platform/appkit/NSLayoutGuide.h"

@@ -10,6 +10,8 @@ namespace {
 thread_local Ref<NSGraphicsContext> currentContext;
 thread_local std::vector<Ref<NSGraphicsContext>> savedContexts;
 
+}  // namespace
+
 CGBlendMode blendMode(NSCompositingOperation operation) {
   switch (operation) {
     case NSCompositingOperation::clear:
@@ -37,8 +39,6 @@ CGBlendMode blendMode(NSCompositingOperation operation) {
   }
   return CGBlendMode::normal;
 }
-
-}  // namespace
 
 Ref<NSGraphicsContext> NSGraphicsContext::current() { return currentContext; }
 

@@ -20,6 +20,9 @@ enum class NSCompositingOperation : std::uint8_t {
   XOR = 10,
 };
 
+/// The same operation as a context below names it.
+[[nodiscard]] CGBlendMode blendMode(NSCompositingOperation operation);
+
 /// The place that colours, paths and images of the platform draw to: a `CGContext` and whether its y
 /// axis runs down. One is current per thread, and only while something is drawn.
 class NSGraphicsContext : public NSObject {

@@ -169,6 +169,8 @@ void CGContext::setLineDash(CGFloat phase, std::span<const CGFloat> lengths) {
   state().dashes.assign(lengths.begin(), lengths.end());
 }
 
+CGFloat CGContext::alpha() const { return state().alpha; }
+
 void CGContext::setAlpha(CGFloat alpha) { state().alpha = alpha > 0 ? std::min(alpha, 1.0) : 0; }
 void CGContext::setBlendMode(CGBlendMode mode) { state().blendMode = mode; }
 

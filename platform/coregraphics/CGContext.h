@@ -74,6 +74,7 @@ class CGContext final : public NSObject {
 
   /// Multiplies everything painted; replaces the alpha set before; cut to 0…1.
   void setAlpha(CGFloat alpha);
+  [[nodiscard]] CGFloat alpha() const;
   void setBlendMode(CGBlendMode mode);
   /// Puts a shadow under everything painted from now on. `offset` and `blur` are in base space; the blur's
   /// standard deviation is half of `blur`. No colour means no shadow.

@@ -10,6 +10,8 @@
 
 namespace bkuk {
 
+class NSImage;
+
 /// A directory with the resources of an application or a library. There is one object for each directory,
 /// which lives until the process ends.
 class NSBundle final : public NSObject {
@@ -41,6 +43,11 @@ class NSBundle final : public NSObject {
   /// directory gives none.
   [[nodiscard]] std::vector<std::string> paths(std::optional<std::string_view> ofType = {},
                                                std::optional<std::string_view> inDirectory = {}) const;
+
+  /// The image file of that name, with or without its type, in the resource directory: the drawing if there
+  /// is one that can be read, else the file with the most pixels for a point, which "@2x" or "@3x" after the
+  /// name says. A new object each time; absent when there is none. Part of the application kit.
+  [[nodiscard]] Ref<NSImage> image(std::string_view forResource) const;
 
  private:
   template <typename T, typename... Args>
