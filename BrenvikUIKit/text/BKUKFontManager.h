@@ -1,0 +1,42 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+
+#include "BrenvikUIKit/text/BKUKFontType.h"
+#include "platform/appkit/NSFont.h"
+#include "platform/foundation/NSMapTable.h"
+
+namespace bkuk {
+
+/// Where every font of the kit comes from: asked for by type and size, never by family. Fonts are remembered
+/// by both, so the same question is answered by the same object while it is remembered. Main thread only.
+class BKUKFontManager final : public NSObject {
+ public:
+  using FontTypes = BKUKFontType;
+
+  [[nodiscard]] static BKUKFontManager& shared();
+
+  /// `size` in points. Stops the process when there is no such font: see `BKUKFontLoader::loadFont`.
+  [[nodiscard]] static Ref<NSFont> Font(FontTypes withType, double size);
+  /// The height of the box around all glyphs of the font, in points.
+  [[nodiscard]] static double HeightOfFont(FontTypes withType, double size);
+  /// How many fonts are remembered.
+  [[nodiscard]] static std::size_t cacheSize();
+  static void clearCache();
+
+  /// A question that finds more fonts remembered than this forgets all of them first. 25 unless set.
+  [[nodiscard]] int maximumCacheSize() const { return maximumCacheSize_; }
+  void setMaximumCacheSize(int size) { maximumCacheSize_ = size; }
+
+  /// Fonts by `FontKey`.
+  [[nodiscard]] NSMapTable& cache() const { return *cache_; }
+
+ private:
+  [[nodiscard]] Ref<NSFont> cachedFont(FontTypes type, double size);
+
+  int maximumCacheSize_ = 25;
+  Ref<NSMapTable> cache_ = make<NSMapTable>();
+};
+
+}  // namespace bkuk
