@@ -1,6 +1,7 @@
 #include "platform/foundation/NSString.h"
 
 #include <cstdint>
+#include <cstring>
 
 #include "platform/foundation/Fatal.h"
 
@@ -58,6 +59,20 @@ void append(std::u16string& units, char32_t character) {
   units.push_back(static_cast<char16_t>(0xDC00 + (character & 0x3FF)));
 }
 
+bool isPlain(char byte) { return static_cast<signed char>(byte) >= 0; }
+
+/// How many bytes at the front stand for one unit each. Most text is nothing else, so it looks at eight at
+/// once.
+std::size_t plainPrefix(std::string_view utf8) {
+  std::size_t count = 0;
+  for (std::uint64_t bytes = 0; utf8.size() - count >= sizeof bytes; count += sizeof bytes) {
+    std::memcpy(&bytes, utf8.data() + count, sizeof bytes);
+    if (bytes & 0x8080808080808080u) break;
+  }
+  while (count < utf8.size() && isPlain(utf8[count])) ++count;
+  return count;
+}
+
 bool isHighSurrogate(char16_t unit) { return unit >= 0xD800 && unit < 0xDC00; }
 bool isLowSurrogate(char16_t unit) { return unit >= 0xDC00 && unit < 0xE000; }
 
@@ -85,13 +100,18 @@ void append(std::string& utf8, char32_t character) {
 
 NSString::NSString(std::string_view utf8) {
   units_.reserve(utf8.size());
-  while (!utf8.empty()) append(units_, takeCharacter(utf8));
+  while (!utf8.empty()) {
+    const std::size_t plain = plainPrefix(utf8);
+    units_.append(utf8.begin(), utf8.begin() + plain);
+    utf8.remove_prefix(plain);
+    while (!utf8.empty() && !isPlain(utf8.front())) bkuk::append(units_, takeCharacter(utf8));
+  }
 }
 
 std::string NSString::utf8() const {
   std::string text;
   text.reserve(units_.size());
-  for (std::u16string_view rest = units_; !rest.empty();) append(text, takeCharacter(rest));
+  for (std::u16string_view rest = units_; !rest.empty();) bkuk::append(text, takeCharacter(rest));
   return text;
 }
 
@@ -103,6 +123,11 @@ char16_t NSString::characterAt(std::size_t index) const {
 NSString NSString::substring(NSRange range) const {
   if (NSMaxRange(range) > length()) trap();
   return NSString(units_.substr(range.location, range.length));
+}
+
+void NSString::replaceCharacters(NSRange range, std::u16string_view units) {
+  if (NSMaxRange(range) > length()) trap();
+  units_.replace(range.location, range.length, units);
 }
 
 std::size_t NSString::find(std::u16string_view text, std::size_t from) const {

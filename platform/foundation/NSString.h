@@ -29,6 +29,11 @@ class NSString {
   /// An index or range beyond the end is a trap.
   [[nodiscard]] char16_t characterAt(std::size_t index) const;
   [[nodiscard]] NSString substring(NSRange range) const;
+  void append(std::u16string_view units) { units_.append(units); }
+  /// `units` may be part of this text.
+  void replaceCharacters(NSRange range, std::u16string_view units);
+  /// Makes room for a text of so many units that is to be appended piece by piece.
+  void reserve(std::size_t length) { units_.reserve(length); }
 
   /// The first occurrence, unit by unit; {NSNotFound, 0} when there is none. An empty text is not found.
   [[nodiscard]] NSRange range(const NSString& of) const;

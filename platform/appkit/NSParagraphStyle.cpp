@@ -1,0 +1,27 @@
+#include "platform/appkit/NSParagraphStyle.h"
+
+#include <functional>
+
+namespace bkuk {
+
+const Ref<NSParagraphStyle>& NSParagraphStyle::default_() {
+  static const auto& style = *new Ref<NSParagraphStyle>(make<NSParagraphStyle>());
+  return style;
+}
+
+Ref<NSMutableParagraphStyle> NSParagraphStyle::mutableCopy() const {
+  return make<NSMutableParagraphStyle>(*this);
+}
+
+bool NSParagraphStyle::isEqual(const NSObject* other) const {
+  const auto* style = dynamic_cast<const NSParagraphStyle*>(other);
+  return style && values_ == style->values_;
+}
+
+std::size_t NSParagraphStyle::hash() const {
+  const auto modes =
+      static_cast<std::size_t>(values_.alignment) * 8 + static_cast<std::size_t>(values_.lineBreakMode);
+  return modes * 31 + std::hash<CGFloat>()(values_.minimumLineHeight);
+}
+
+}  // namespace bkuk

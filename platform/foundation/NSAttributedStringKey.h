@@ -1,0 +1,50 @@
+#pragma once
+
+#include <compare>
+#include <functional>
+#include <string>
+#include <string_view>
+
+namespace bkuk {
+
+/// The interned name of a text attribute. Names are equal when their texts are; comparing costs a pointer,
+/// making one from a string a look-up, so keep those that are asked for often.
+class NSAttributedStringKey {
+ public:
+  NSAttributedStringKey(std::string_view text);
+  NSAttributedStringKey(const char* text) : NSAttributedStringKey(std::string_view(text)) {}
+
+  [[nodiscard]] std::string_view text() const { return *text_; }
+
+  bool operator==(const NSAttributedStringKey&) const = default;
+  /// An order that holds for the life of the process, not that of the texts.
+  auto operator<=>(const NSAttributedStringKey& other) const {
+    return std::compare_three_way()(text_, other.text_);
+  }
+
+ private:
+  friend struct std::hash<NSAttributedStringKey>;
+  const std::string* text_;
+};
+
+// What the platform reads, with the type of the values.
+
+inline const NSAttributedStringKey NSFontAttributeName = "NSFont";                        ///< NSFont
+inline const NSAttributedStringKey NSForegroundColorAttributeName = "NSColor";            ///< NSColor
+inline const NSAttributedStringKey NSBackgroundColorAttributeName = "NSBackgroundColor";  ///< NSColor
+inline const NSAttributedStringKey NSParagraphStyleAttributeName = "NSParagraphStyle";  ///< NSParagraphStyle
+inline const NSAttributedStringKey NSKernAttributeName = "NSKern";                      ///< a number, points
+inline const NSAttributedStringKey NSUnderlineStyleAttributeName = "NSUnderline";       ///< NSUnderlineStyle
+inline const NSAttributedStringKey NSUnderlineColorAttributeName = "NSUnderlineColor";  ///< NSColor
+inline const NSAttributedStringKey NSAttachmentAttributeName = "NSAttachment";          ///< an object
+inline const NSAttributedStringKey NSLinkAttributeName = "NSLink";                      ///< a string
+inline const NSAttributedStringKey NSBaselineOffsetAttributeName = "NSBaselineOffset";  ///< a number, points
+
+}  // namespace bkuk
+
+template <>
+struct std::hash<bkuk::NSAttributedStringKey> {
+  std::size_t operator()(bkuk::NSAttributedStringKey key) const noexcept {
+    return std::hash<const std::string*>{}(key.text_);
+  }
+};
