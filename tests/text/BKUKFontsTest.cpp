@@ -102,8 +102,8 @@ TEST_F(BKUKFontsTest, LanguagesBringTheirFamilyAndOffsets) {
   speak("zh-Hant-TW");
   EXPECT_EQ(loader.registerLocalizedFonts(bundle, {}, "otf", given).at(Type::bold), "PingFangSC-Medium");
   loader.setTextFieldLocalizedOffsets(five, five);
-  EXPECT_DOUBLE_EQ(config.textFieldBottomOffset(*NSFont::font("Inter-Regular", 16)), 4);
-  EXPECT_EQ(config.textFieldTopOffset(*font), 0);
+  EXPECT_DOUBLE_EQ(BKUKFontConfig::shared().textFieldBottomOffset(*NSFont::font("Inter-Regular", 16)), 4);
+  EXPECT_EQ(BKUKFontConfig::shared().textFieldTopOffset(*font), 0);
 
   speak("ja");
   loader.registerLocalizedFonts(bundle, {}, "otf", given);
@@ -111,14 +111,14 @@ TEST_F(BKUKFontsTest, LanguagesBringTheirFamilyAndOffsets) {
     EXPECT_EQ(loader.loadFont(type, 15)->fontName(), loader.fontIdentifiersForType()->at(type));
   }
   loader.setLabelLocalizedOffsets(five, five);
-  EXPECT_DOUBLE_EQ(config.labelTopOffset(*font), 1);
-  EXPECT_DOUBLE_EQ(config.labelBottomOffset(*font), 15 / -4.5 - 1);
+  EXPECT_DOUBLE_EQ(BKUKFontConfig::shared().labelTopOffset(*font), 1);
+  EXPECT_DOUBLE_EQ(BKUKFontConfig::shared().labelBottomOffset(*font), 15 / -4.5 - 1);
 
   speak("en-US");
   EXPECT_EQ(loader.registerLocalizedFonts(bundle, {}, "otf", given), given);
   EXPECT_EQ(loader.loadFont(Type::regular, 15)->fontName(), "InterDisplay-Bold");
   loader.setLabelLocalizedOffsets(five, five);
-  EXPECT_EQ(config.labelTopOffset(*font), 5);
+  EXPECT_EQ(BKUKFontConfig::shared().labelTopOffset(*font), 5);
 }
 
 }  // namespace

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "platform/foundation/NSAttributedString.h"
+
+namespace bkuk {
+
+/// May put another text in place of one that has a custom attribute.
+class BKUKCustomAttributeOperator : public NSObject {
+ public:
+  /// Called for each stretch of a label's text that has the attribute. Empty, as it is unless overridden,
+  /// leaves the text as it is.
+  [[nodiscard]] virtual Ref<NSAttributedString> replace(const Ref<NSAttributedString>& attributedString,
+                                                        const NSAttributedStringKey& key,
+                                                        const NSAttributeValue& value);
+};
+
+}  // namespace bkuk
