@@ -82,7 +82,10 @@ NSRect BKUKKeyFocusController::focusRingMaskBounds() const {
 
 bool BKUKKeyFocusController::drawFocusRingMask() const {
   if (drawFocusRing_) return true;
-  if (ringImage_ && ringImage_(focusRingMaskBounds())) return true;
+  if (const auto image = ringImage_ ? ringImage_() : nullptr) {
+    image->draw(focusRingMaskBounds());
+    return true;
+  }
   const auto path = ringPath_ ? ringPath_() : nullptr;
   if (path) path->fill();
   return static_cast<bool>(path);

@@ -4,6 +4,7 @@
 
 #include "BrenvikUIKit/interaction/BKUKKeyFocusControllerDelegate.h"
 #include "platform/appkit/NSBezierPath.h"
+#include "platform/appkit/NSImage.h"
 #include "platform/appkit/NSView.h"
 
 namespace bkuk {
@@ -20,8 +21,7 @@ class BKUKKeyFocusController : public NSObject {
 
   using RingFrame = std::function<NSRect()>;
   using RingPath = std::function<Ref<NSBezierPath>()>;  ///< may answer none
-  /// Draws the ring's shape, opaquely, into a rectangle of the view's space; false when it has none.
-  using RingImage = std::function<bool(NSRect rect)>;
+  using RingImage = std::function<Ref<NSImage>()>;      ///< opaque where the mask is; may answer none
 
   BKUKKeyFocusController(NSView* view, Preset preset);
 

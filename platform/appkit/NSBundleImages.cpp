@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 
 #include "platform/appkit/NSImage.h"
 #include "platform/foundation/NSBundle.h"
@@ -24,20 +22,12 @@ struct Variant {
 };
 constexpr std::array variants{Variant{"@3x", 3}, Variant{"@2x", 2}, Variant{"", 1}};
 
-Ref<NSImage> imageIn(const fs::path& path, int scale) {
-  std::error_code error;
-  if (!fs::is_regular_file(path, error)) return nullptr;
-  std::ifstream file(path, std::ios::binary);
-  const std::vector<char> bytes{std::istreambuf_iterator<char>(file), {}};
-  return NSImage::data(std::as_bytes(std::span(bytes)), scale);
-}
-
 // The one with the most pixels for a point.
 Ref<NSImage> sharpest(const fs::path& directory, const std::string& stem, std::string_view type) {
   for (const auto& variant : variants) {
     auto name = stem;
     name.append(variant.suffix).append(type);
-    if (auto image = imageIn(directory / name, variant.scale)) return image;
+    if (auto image = NSImage::contentsOf((directory / name).string(), variant.scale)) return image;
   }
   return nullptr;
 }

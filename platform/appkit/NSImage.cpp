@@ -2,8 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <utility>
 
 #include "host/Host.h"
@@ -56,11 +56,18 @@ class Group {
   CGContext* context_;
 };
 
-std::vector<std::byte> bytesOf(const std::string& path) {
+// Nothing for what is no file that can be read, or larger than any picture.
+std::vector<char> bytesOf(const std::filesystem::path& path) {
+  constexpr std::uintmax_t most = 1 << 28;
+  std::error_code error;
+  if (!std::filesystem::is_regular_file(path, error)) return {};
+  const auto size = std::filesystem::file_size(path, error);
+  if (error || size > most) return {};
+  std::vector<char> bytes(size);
   std::ifstream file(path, std::ios::binary);
-  std::vector<char> bytes{std::istreambuf_iterator<char>(file), {}};
-  const auto view = std::as_bytes(std::span(bytes));
-  return {view.begin(), view.end()};
+  file.read(bytes.data(), static_cast<std::streamsize>(size));
+  bytes.resize(static_cast<std::size_t>(file.gcount()));
+  return bytes;
 }
 
 Ref<NSImageRep> representationOf(host::DecodedImage decoded, CGFloat scale) {
@@ -79,7 +86,10 @@ NSImage::NSImage(CGSize size, bool flipped, DrawingHandler handler) : size_(size
   representations_.push_back(make<NSCustomImageRep>(size, flipped, std::move(handler)));
 }
 
-Ref<NSImage> NSImage::contentsOf(const std::string& path) { return data(bytesOf(path)); }
+Ref<NSImage> NSImage::contentsOf(const std::string& path, CGFloat scale) {
+  const auto bytes = bytesOf(path);
+  return data(std::as_bytes(std::span(bytes)), scale);
+}
 
 Ref<NSImage> NSImage::data(std::span<const std::byte> bytes, CGFloat scale) {
   const auto representation = representationOf(host::current().decodeImage(bytes), scale);

@@ -26,10 +26,10 @@ class NSImage : public NSObject {
   NSImage(CGSize size, bool flipped, DrawingHandler handler);
 
   /// The picture in a file: PNG, JPEG, or SVG where the host can read it. Absent when the file cannot be
-  /// read, is damaged or of another kind.
-  [[nodiscard]] static Ref<NSImage> contentsOf(const std::string& path);
-  /// The same from the bytes of a file. A picture of pixels is as many points wide as it has pixels across,
+  /// read, is damaged or of another kind. A picture of pixels is as many points wide as it has pixels across,
   /// divided by `scale`.
+  [[nodiscard]] static Ref<NSImage> contentsOf(const std::string& path, CGFloat scale = 1);
+  /// The same from the bytes of a file.
   [[nodiscard]] static Ref<NSImage> data(std::span<const std::byte> bytes, CGFloat scale = 1);
 
   /// In points.

@@ -55,6 +55,12 @@ TEST_F(BKUKKeyFocusControllerTest, NewControllersAskOnceWhoDrawsTheRing) {
   EXPECT_FALSE(controller->drawFocusRingMask());
   controller->setRingPath([] { return NSBezierPath::rect({0, 0, 5, 5}); });
   EXPECT_TRUE(controller->drawFocusRingMask());
+  int drawn = 0;
+  controller->setRingImage([&] {
+    return make<NSImage>(NSSize{4, 4}, false, [&](NSRect) { return ++drawn > 0; });
+  });
+  EXPECT_TRUE(controller->drawFocusRingMask());
+  EXPECT_EQ(drawn, 0) << "there is nothing to draw into";
   controller->setRingFrame([] { return NSRect(1, 2, 3, 4); });
   EXPECT_EQ(controller->focusRingMaskBounds(), NSRect(1, 2, 3, 4));
 }
