@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -51,6 +52,8 @@ class TextLine {
   /// The glyphs of the units from `from` up to `to`, counted from the line's first, where they stand in the
   /// line: drawn at the same origin the parts make up the line. `to` is cut to the line's length.
   [[nodiscard]] virtual std::shared_ptr<const TextLine> part(std::size_t from, std::size_t to) const = 0;
+  /// Around the outlines of the glyphs, seen from the start of the baseline; its y runs up. Empty for none.
+  [[nodiscard]] virtual Rect inkBounds() const = 0;
 };
 
 /// Whether a line may begin at a unit.
@@ -130,6 +133,9 @@ class Fonts {
   [[nodiscard]] virtual std::shared_ptr<const TextParagraph> shape(std::u16string_view text,
                                                                    std::span<const TextRun> runs,
                                                                    TextDirection direction) = 0;
+  /// The direction of the first letter of the text that has one, those inside of isolates left out; absent
+  /// when there is none. The rules P2 and P3 of the Unicode bidirectional algorithm.
+  [[nodiscard]] virtual std::optional<TextDirection> strongDirection(std::u16string_view text) const = 0;
 };
 
 }  // namespace bkuk::host

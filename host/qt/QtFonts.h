@@ -12,6 +12,7 @@
 #include "host/qt/QtFace.h"
 #include "host/qt/QtRegisteredFaces.h"
 #include "host/qt/QtTextShaper.h"
+#include "host/qt/TextCharacters.h"
 
 namespace bkuk::host {
 
@@ -27,6 +28,9 @@ class QtFonts final : public Fonts {
   [[nodiscard]] std::shared_ptr<const TextParagraph> shape(std::u16string_view text,
                                                            std::span<const TextRun> runs,
                                                            TextDirection direction) override;
+  [[nodiscard]] std::optional<TextDirection> strongDirection(std::u16string_view text) const override {
+    return host::strongDirection(text);
+  }
 
   /// How many words have been shaped so far, rather than remembered.
   [[nodiscard]] std::size_t shapedWordCount() const { return shaper_->shapedWordCount(); }

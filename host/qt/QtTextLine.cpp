@@ -1,5 +1,6 @@
 #include "host/qt/QtTextLine.h"
 
+#include <QtGui/QPainterPath>
 #include <algorithm>
 
 namespace bkuk::host {
@@ -26,6 +27,20 @@ FontGlyphs& glyphsOf(std::vector<FontGlyphs>& all, std::uint32_t face, double si
 std::shared_ptr<const TextLine> QtTextLine::part(std::size_t from, std::size_t to) const {
   const std::size_t end = std::min(to, content_->units.size());
   return std::make_shared<QtTextLine>(content_, width_, std::min(from, end), end);
+}
+
+Rect QtTextLine::inkBounds() const {
+  QRectF ink;
+  for (const auto& run : runs()) {
+    const auto indexes = run.glyphIndexes();
+    const auto positions = run.positions();
+    const QRawFont font = run.rawFont();
+    for (qsizetype i = 0; i < indexes.size(); ++i) {
+      const QRectF outline = font.pathForGlyph(indexes[i]).boundingRect();
+      if (!outline.isEmpty()) ink |= outline.translated(positions[i]);
+    }
+  }
+  return {ink.x(), -ink.bottom(), ink.width(), ink.height()};
 }
 
 const QList<QGlyphRun>& QtTextLine::runs() const {

@@ -42,6 +42,7 @@ class QtTextLine final : public TextLine, public std::enable_shared_from_this<Qt
   [[nodiscard]] double width() const override { return width_; }
   [[nodiscard]] std::span<const TextUnit> units() const override { return content_->units; }
   [[nodiscard]] std::shared_ptr<const TextLine> part(std::size_t from, std::size_t to) const override;
+  [[nodiscard]] Rect inkBounds() const override;
 
   /// The glyphs at their final size, positions relative to the start of the baseline. Gathered when first
   /// asked for.

@@ -69,6 +69,23 @@ bool mayRunRightToLeft(std::u16string_view text) {
   return false;
 }
 
+std::optional<TextDirection> strongDirection(std::u16string_view text) {
+  std::size_t isolates = 0;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const QChar unit = text[i];
+    const bool isPair = unit.isHighSurrogate() && i + 1 < text.size() && QChar(text[i + 1]).isLowSurrogate();
+    if (unit.isSurrogate() && !isPair) continue;
+    const char32_t character = isPair ? QChar::surrogateToUcs4(unit, text[++i]) : unit.unicode();
+    if (character >= 0x2066 && character <= 0x2068) ++isolates;
+    if (character == 0x2069 && isolates > 0) --isolates;
+    if (isolates > 0) continue;
+    const auto kind = QChar::direction(character);
+    if (kind == QChar::DirL) return TextDirection::leftToRight;
+    if (kind == QChar::DirR || kind == QChar::DirAL) return TextDirection::rightToLeft;
+  }
+  return std::nullopt;
+}
+
 std::size_t endOfWord(std::u16string_view text, std::size_t from) {
   const bool isOfSpaces = isSpace(text[from]);
   std::size_t end = from + 1;

@@ -1,7 +1,10 @@
 #pragma once
 
 #include <QtCore/QString>
+#include <optional>
 #include <string_view>
+
+#include "host/Text.h"
 
 namespace bkuk::host {
 
@@ -19,6 +22,9 @@ void replaceLoneSurrogates(QString& text);
 
 /// Whether any character could run from right to left or steer direction.
 [[nodiscard]] bool mayRunRightToLeft(std::u16string_view text);
+
+/// The direction of the first letter that has one, those inside of isolates left out.
+[[nodiscard]] std::optional<TextDirection> strongDirection(std::u16string_view text);
 
 /// Where the word ends that begins at `from`: before and after a stretch of spaces, after each ideograph, and
 /// where it grows too long to shape at once.

@@ -165,5 +165,21 @@ TEST_F(TextParagraphTest, StandsBadText) {
   EXPECT_EQ(shape(hebrew)->line(100, 200)->units().size(), 100u);
 }
 
+TEST_F(TextParagraphTest, TellsTheDirectionOfTheFirstStrongLetter) {
+  EXPECT_EQ(fonts.strongDirection(u"12 (ab \u05D0"), leftToRight);
+  EXPECT_EQ(fonts.strongDirection(u"12 \u0645 ab"), rightToLeft);
+  EXPECT_EQ(fonts.strongDirection(u"\u2067\u05D0\u2069 ab"), leftToRight) << "an isolate does not count";
+  EXPECT_EQ(fonts.strongDirection(u"\xD83A\xDD00"), rightToLeft) << "a letter outside of the first plane";
+  EXPECT_EQ(fonts.strongDirection(u"12 \xD83D?"), std::nullopt);
+}
+
+TEST_F(TextParagraphTest, InkLiesWithinTheOutlines) {
+  const auto ink = shape(u"xg")->line(0, 2)->inkBounds();
+  EXPECT_NEAR(ink.y + ink.height, font->metrics().xHeight, 0.3);
+  EXPECT_LT(ink.y, -2);
+  EXPECT_LT(ink.width, shape(u"xg")->width());
+  EXPECT_EQ(shape(u" ")->line(0, 1)->inkBounds(), Rect{});
+}
+
 }  // namespace
 }  // namespace bkuk::host
