@@ -20,6 +20,7 @@
 #include "platform/appkit/NSLayoutAnchor.h"
 #include "platform/appkit/NSLayoutConstraint.h"
 #include "platform/appkit/NSLayoutGuide.h"
+#include "platform/appkit/NSLayoutManager.h"
 #include "platform/appkit/NSPanel.h"
 #include "platform/appkit/NSParagraphStyle.h"
 #include "platform/appkit/NSResponder.h"

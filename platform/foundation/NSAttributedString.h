@@ -5,8 +5,10 @@
 #include <functional>
 
 #include "platform/foundation/AttributeRuns.h"
+#include "platform/foundation/NSGeometry.h"
 #include "platform/foundation/NSObject.h"
 #include "platform/foundation/NSString.h"
+#include "platform/foundation/NSStringDrawingOptions.h"
 
 namespace bkuk {
 
@@ -54,6 +56,20 @@ class NSAttributedString : public NSObject {
   void enumerateAttribute(const NSAttributedStringKey& key, NSRange in, Options options,
                           const AttributeVisitor& visit) const;
   [[nodiscard]] bool containsAttachments() const;
+
+  // Measuring and drawing, in points. Part of the application kit.
+
+  /// Of the text with its own line breaks only.
+  [[nodiscard]] NSSize size() const;
+  /// Around the text when it is set into that size; 0 or less in an axis means no limit along it. Not
+  /// rounded. Text without a font is set in the desktop's interface face at 12 points. Empty text has no
+  /// size.
+  [[nodiscard]] NSRect boundingRect(NSSize with, NSStringDrawingOptions options) const;
+  /// Into the current flipped context, wrapped at the width of the rectangle, from its upper edge; what does
+  /// not fit is left out. Without a context nothing is drawn.
+  void draw(NSRect in) const;
+  /// The same with the upper left corner at a point and no limits.
+  void draw(NSPoint at) const { draw(NSRect(at, NSSize{})); }
 
   [[nodiscard]] Ref<NSAttributedString> attributedSubstring(NSRange from) const;
   /// A string that does not change with this one.

@@ -1,0 +1,138 @@
+#include <algorithm>
+
+#include "platform/appkit/NSColor.h"
+#include "platform/appkit/NSGraphicsContext.h"
+#include "platform/appkit/NSLayoutManager.h"
+#include "platform/appkit/NSLineBreaker.h"
+#include "platform/appkit/NSTextRuns.h"
+#include "platform/appkit/NSUnderlineDrawing.h"
+
+namespace bkuk {
+
+namespace {
+
+Ref<NSColor> colorOf(const NSAttributeDictionary& attributes, const NSAttributedStringKey& key) {
+  return attributes.object<NSColor>(key);
+}
+
+Ref<NSColor> textColorOf(const NSAttributeDictionary& attributes) {
+  const auto color = colorOf(attributes, NSForegroundColorAttributeName);
+  return color ? color : NSColor::black();
+}
+
+NSUnderlineStyle underlineOf(const NSAttributeDictionary& attributes) {
+  const auto* value = attributes.find(NSUnderlineStyleAttributeName);
+  return value ? static_cast<NSUnderlineStyle>(value->integer().value_or(0)) : NSUnderlineStyle::none;
+}
+
+NSRange shared(NSRange a, NSRange b) {
+  const std::size_t start = std::max(a.location, b.location);
+  const std::size_t end = std::min(NSMaxRange(a), NSMaxRange(b));
+  return {start, end > start ? end - start : 0};
+}
+
+// The words of a range, or its spaces too where the style has a line below them.
+std::vector<NSRange> underlined(std::u16string_view text, NSRange range, NSUnderlineStyle style) {
+  if (!NSUnderlineIsByWord(style)) return {range};
+  std::vector<NSRange> words;
+  for (std::size_t i = range.location; i < NSMaxRange(range); ++i) {
+    if (NSIsLineSpace(text[i])) continue;
+    const bool goesOn = !words.empty() && NSMaxRange(words.back()) == i;
+    if (!goesOn) words.push_back({i, 0});
+    ++words.back().length;
+  }
+  return words;
+}
+
+}  // namespace
+
+void NSLayoutManager::drawBackground(NSRange forGlyphRange, NSPoint at) {
+  const auto context = NSGraphicsContext::current();
+  if (!context || !storage_) return;
+  for (const auto& container : containers_) {
+    const auto* layout = layoutIn(*container);
+    if (!layout) continue;
+    for (const auto& line : layout->linesOf(cut(forGlyphRange))) {
+      for (const auto& piece : line.pieces(*storage_)) {
+        const auto color = colorOf(piece.attributes, NSBackgroundColorAttributeName);
+        if (!color) continue;
+        context->cgContext()->setFillColor(color->cgColor());
+        for (const auto& rect : rects(shared(piece.range, forGlyphRange), *container)) {
+          context->cgContext()->fill(rect.offsetBy(at.x, at.y));
+        }
+      }
+    }
+  }
+}
+
+void NSLayoutManager::drawGlyphs(NSRange forGlyphRange, NSPoint at) {
+  if (!NSGraphicsContext::current() || !storage_) return;
+  // Whoever draws underlines may edit the text: what is being drawn stays as it is.
+  const Ref<NSLayoutManager> self(this);
+  const auto snapshot = layouts();
+  const NSRange range = cut(forGlyphRange);
+  for (const auto& layout : snapshot) {
+    for (const auto& line : layout->linesOf(range)) (void)line.pieces(*storage_);
+  }
+  for (const auto& layout : snapshot) {
+    for (const auto& line : layout->linesOf(range)) drawLine(line, range, at);
+  }
+}
+
+void NSLayoutManager::drawLine(const NSLineFragment& line, NSRange range, NSPoint origin) {
+  if (!storage_) return;
+  const auto context = NSGraphicsContext::current()->cgContext();
+  const auto pieces = line.pieces(*storage_);
+  for (const auto& piece : pieces) {
+    const NSRange part = shared(piece.range, range);
+    const bool isWhole = part == piece.range;
+    if (!isWhole && part.length == 0) continue;
+    const auto font = NSFontOf(piece.attributes);
+    // Glyphs reach beyond their advances and, with marks or from other faces, beyond the metrics.
+    const CGFloat spill = font->pointSize();
+    const CGRect ink(-spill, font->descender() - spill, piece.line->width() + 2 * spill,
+                     font->ascender() - font->descender() + 2 * spill);
+    const NSPoint baseline{origin.x + piece.left,
+                           origin.y + line.baseline - NSBaselineOffsetOf(piece.attributes)};
+    const auto color = textColorOf(piece.attributes)->cgColor();
+    if (isWhole) {
+      context->drawText(*piece.line, ink, baseline, *color);
+    } else {
+      const auto cut = line.part(part);
+      context->drawText(*cut, ink, baseline, *color);
+    }
+    drawUnderlines(line, piece, part, origin);
+  }
+}
+
+void NSLayoutManager::drawUnderlines(const NSLineFragment& line, const NSTextPiece& piece, NSRange range,
+                                     NSPoint origin) {
+  const auto style = underlineOf(piece.attributes);
+  if (NSUnderlineStroke(style) == NSUnderlineStyle::none) return;
+  const Ref<NSTextStorage> storage(storage_);
+  if (!storage || NSMaxRange(range) > storage->length()) return;
+  for (const auto& word : underlined(storage->string().units(), range, style)) {
+    drawUnderline(word, style, line.usedRect.maxY() - line.baseline, line.rect, line.range, origin);
+  }
+}
+
+void NSLayoutManager::drawUnderline(NSRange forGlyphRange, NSUnderlineStyle underlineType,
+                                    CGFloat baselineOffset, NSRect, NSRange, NSPoint containerOrigin) {
+  const auto context = NSGraphicsContext::current();
+  const NSRange range = cut(forGlyphRange);
+  if (!context || range.length == 0) return;
+  const auto& attributes = storage_->attributes(range.location);
+  const auto color = colorOf(attributes, NSUnderlineColorAttributeName);
+  const auto font = NSFontOf(attributes);
+  const auto resolved = (color ? color : textColorOf(attributes))->cgColor();
+  const CGFloat rise = NSBaselineOffsetOf(attributes);
+  for (const auto& container : containers_) {
+    for (const auto& rect : rects(range, *container)) {
+      NSDrawUnderline(*context->cgContext(), underlineType, *font, containerOrigin.x + rect.minX(),
+                      containerOrigin.x + rect.maxX(),
+                      containerOrigin.y + rect.maxY() - baselineOffset - rise, resolved);
+    }
+  }
+}
+
+}  // namespace bkuk

@@ -1,0 +1,68 @@
+#include <optional>
+
+#include "platform/appkit/NSApplication.h"
+#include "platform/appkit/NSGraphicsContext.h"
+#include "platform/appkit/NSLayoutManager.h"
+#include "platform/foundation/NSAttributedString.h"
+
+namespace bkuk {
+
+namespace {
+
+using DrawingOptions = NSStringDrawingOptions;
+
+NSTextLayoutOptions layoutOptions(NSSize size, DrawingOptions options) {
+  return {.size = size,
+          .usesFontLeading = contains(options, DrawingOptions::usesFontLeading),
+          .wraps = contains(options, DrawingOptions::usesLineFragmentOrigin),
+          .direction = NSApplication::shared().userInterfaceLayoutDirection()};
+}
+
+/// Around the glyphs of the lines, with y down from the top of the first.
+NSRect inkOf(const NSTextLayout& layout, const NSAttributedString& text) {
+  NSRect ink = NSRect::null;
+  for (const auto& line : layout.lines()) {
+    for (const auto& piece : line.pieces(text)) {
+      const auto glyphs = piece.line->inkBounds();
+      if (glyphs.width <= 0 || glyphs.height <= 0) continue;
+      ink = ink.united(
+          {piece.left + glyphs.x, line.baseline - glyphs.y - glyphs.height, glyphs.width, glyphs.height});
+    }
+  }
+  return ink.isNull() ? NSRect{} : ink;
+}
+
+}  // namespace
+
+NSSize NSAttributedString::size() const {
+  return boundingRect({}, DrawingOptions::usesLineFragmentOrigin | DrawingOptions::usesFontLeading).size;
+}
+
+NSRect NSAttributedString::boundingRect(NSSize with, NSStringDrawingOptions options) const {
+  const auto layoutAs = layoutOptions(with, options);
+  const bool startsAtTop = contains(options, DrawingOptions::usesLineFragmentOrigin);
+  const bool measuresInk = contains(options, DrawingOptions::usesDeviceMetrics);
+  if (startsAtTop && !measuresInk) return {NSPoint{}, NSTextLayoutSize(*this, layoutAs)};
+  const NSTextLayout layout(*this, 0, layoutAs);
+  if (layout.lines().empty()) return {};
+  const NSRect box = measuresInk ? inkOf(layout, *this) : layout.usedRect();
+  if (startsAtTop) return box;
+  // Seen from the baseline, with y up.
+  const CGFloat baseline = layout.lines().front().baseline;
+  return {box.minX(), baseline - box.maxY(), box.width(), box.height()};
+}
+
+void NSAttributedString::draw(NSRect in) const {
+  if (!NSGraphicsContext::current()) return;
+  const auto storage = make<NSTextStorage>(*this);
+  const auto manager = make<NSLayoutManager>();
+  const auto container = make<NSTextContainer>(in.size);
+  container->setLineFragmentPadding(0);
+  manager->addTextContainer(container);
+  storage->addLayoutManager(manager);
+  const NSRange all = manager->glyphRange(*container);
+  manager->drawBackground(all, in.origin);
+  manager->drawGlyphs(all, in.origin);
+}
+
+}  // namespace bkuk

@@ -1,0 +1,289 @@
+#include "platform/appkit/NSTypesetter.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "host/Host.h"
+#include "platform/appkit/NSLineBreaker.h"
+#include "platform/appkit/NSLineTruncation.h"
+#include "platform/appkit/NSTextContainer.h"
+
+namespace bkuk {
+
+namespace {
+
+constexpr CGFloat tolerance = 1e-6;
+
+bool isLimited(CGFloat extent) { return extent > 0 && extent < NSTextContainer::unlimited; }
+
+CGFloat lineHeight(CGFloat natural, const NSParagraphStyle& style) {
+  if (style.lineHeightMultiple() > 0) natural *= style.lineHeightMultiple();
+  natural = std::max(natural, style.minimumLineHeight());
+  return style.maximumLineHeight() > 0 ? std::min(natural, style.maximumLineHeight()) : natural;
+}
+
+CGFloat shareOf(NSTextAlignment alignment, bool isInterfaceRightToLeft, bool isTextRightToLeft) {
+  switch (alignment) {
+    case NSTextAlignment::left:
+      return 0;
+    case NSTextAlignment::center:
+      return 0.5;
+    case NSTextAlignment::right:
+      return 1;
+    case NSTextAlignment::justified:
+      return isTextRightToLeft ? 1 : 0;
+    case NSTextAlignment::natural:
+      break;
+  }
+  return isInterfaceRightToLeft ? 1 : 0;
+}
+
+NSLineSetting settingOf(NSFittedLine fitted) {
+  const std::size_t length = fitted.paragraph->length();
+  const CGFloat width = fitted.paragraph->width();
+  return {std::move(fitted.paragraph), 0, length, fitted.hidden, fitted.hasEllipsis, 0, width};
+}
+
+}  // namespace
+
+NSTypesetter::NSTypesetter(const NSAttributedString& text, const NSTextLayoutOptions& options)
+    : text_(text),
+      options_(options),
+      isWidthLimited_(isLimited(options.size.width)),
+      isHeightLimited_(isLimited(options.size.height)) {}
+
+std::vector<NSLineFragment> NSTypesetter::lines(std::size_t from) {
+  const std::size_t length = text_.length();
+  bool hasRoom = from < length;
+  bool endsWithBreak = false;
+  // A container may begin in the middle of a paragraph.
+  bool goesOn = from > 0 && NSTextSegmentAt(text_.string().units(), from - 1).range.length > 0;
+  for (std::size_t at = from; hasRoom && at < length;) {
+    Paragraph paragraph = paragraphAt(at);
+    if (std::exchange(goesOn, false)) paragraph.isFirstLine = false;
+    hasRoom = setLines(paragraph);
+    endsWithBreak = paragraph.segment.breakLength > 0;
+    at = paragraph.segment.end();
+  }
+  // A break at the very end begins a line that is empty.
+  if (hasRoom && endsWithBreak) {
+    Paragraph empty{{{length, 0}, 0, true},
+                    NSParagraphStyleOf(attributesAt(length - 1)),
+                    before_.value_or(host::TextDirection::leftToRight)};
+    setEmptyLine(empty);
+  }
+  if (!lines_.empty()) lines_.back().rect.size.height = lines_.back().usedRect.height();
+  if (!isWidthLimited_) alignAmongThemselves();
+  return std::move(lines_);
+}
+
+std::optional<NSSize> NSTypesetter::sizeOfPlainLine() {
+  if (text_.length() == 0) return std::nullopt;
+  NSRange look;
+  const auto& attributes = text_.attributes(0, &look);
+  const auto segment = NSTextSegmentAt(text_.string().units(), 0);
+  if (look.length != text_.length() || segment.range != look) return std::nullopt;
+  const auto run = NSTextRun::of(attributes);
+  const auto style = NSParagraphStyleOf(attributes);
+  const host::TextRun hostRun = run.hostRun(look.length);
+  const auto shaped =
+      host::current().fonts().shape(text_.string().units(), {&hostRun, 1}, directionOf(segment, *style));
+  const CGFloat indents = style->firstLineHeadIndent() + std::abs(style->tailIndent());
+  const CGFloat width = shaped->width() + 2 * options_.lineFragmentPadding;
+  if (isWidthLimited_ && width + indents > options_.size.width) return std::nullopt;
+  NSLineMetrics metrics;
+  metrics.include(attributes);
+  if (!options_.usesFontLeading) metrics.leading = 0;
+  return NSSize{width, lineHeight(metrics.ascent + metrics.descent + metrics.leading, *style)};
+}
+
+// Paragraphs
+
+const NSAttributeDictionary& NSTypesetter::attributesAt(std::size_t index) const {
+  return text_.attributes(std::min(index, text_.length() - 1));
+}
+
+host::TextDirection NSTypesetter::directionOf(const NSTextSegment& segment, const NSParagraphStyle& style) {
+  if (style.baseWritingDirection() == NSWritingDirection::leftToRight)
+    return host::TextDirection::leftToRight;
+  if (style.baseWritingDirection() == NSWritingDirection::rightToLeft)
+    return host::TextDirection::rightToLeft;
+  if (before_) return *before_;
+  const auto units = text_.string().units().substr(segment.range.location, segment.range.length);
+  if (const auto strong = host::current().fonts().strongDirection(units)) return *strong;
+  return options_.direction == NSUserInterfaceLayoutDirection::rightToLeft ? host::TextDirection::rightToLeft
+                                                                           : host::TextDirection::leftToRight;
+}
+
+NSTypesetter::Paragraph NSTypesetter::paragraphAt(std::size_t from) {
+  const auto segment = NSTextSegmentAt(text_.string().units(), from);
+  const auto style = NSParagraphStyleOf(attributesAt(from));
+  const bool isFirstLine = !before_;
+  const auto direction = directionOf(segment, *style);
+  before_ = segment.endsParagraph ? std::nullopt : std::optional(direction);
+  Paragraph paragraph{segment, style, direction, {text_, segment.range}, nullptr, isFirstLine};
+  if (segment.range.length > 0) {
+    const auto units = text_.string().units().substr(segment.range.location, segment.range.length);
+    paragraph.shaped = host::current().fonts().shape(units, paragraph.runs.runs(), direction);
+  }
+  if (isFirstLine && !lines_.empty()) y_ += style->paragraphSpacingBefore();
+  return paragraph;
+}
+
+CGFloat NSTypesetter::indent(const Paragraph& paragraph) const {
+  return paragraph.isFirstLine ? paragraph.style->firstLineHeadIndent() : paragraph.style->headIndent();
+}
+
+// The width that a line may fill, beside its indents.
+CGFloat NSTypesetter::room(const Paragraph& paragraph) const {
+  if (!isWidthLimited_) return NSTextContainer::unlimited;
+  const CGFloat full = options_.size.width - 2 * options_.lineFragmentPadding;
+  const CGFloat tail = paragraph.style->tailIndent();
+  const CGFloat end = tail > 0 ? std::min(tail, full) : full + tail;
+  return std::max(0.0, end - indent(paragraph));
+}
+
+// Lines
+
+bool NSTypesetter::setLines(Paragraph& paragraph) {
+  if (!paragraph.shaped) return setEmptyLine(paragraph);
+  const auto mode = paragraph.style->lineBreakMode();
+  const bool isOneLine = !options_.wraps || mode == NSLineBreakMode::clipping || NSIsTruncating(mode);
+  return isOneLine ? setOnOneLine(paragraph) : setWrapped(paragraph);
+}
+
+bool NSTypesetter::setEmptyLine(const Paragraph& paragraph) {
+  return place(paragraph, {paragraph.segment.range.location, paragraph.segment.breakLength}, {});
+}
+
+bool NSTypesetter::setOnOneLine(Paragraph& paragraph) {
+  const auto& segment = paragraph.segment;
+  const auto mode = paragraph.style->lineBreakMode();
+  if (options_.wraps && cutsOff(segment.end())) return setCutOff(paragraph, 0);
+  NSFittedLine fitted{paragraph.shaped, {}, false};
+  if (isWidthLimited_ && options_.wraps && NSIsTruncating(mode)) {
+    const auto units = text_.string().units().substr(segment.range.location, segment.range.length);
+    fitted = NSFitLine({units, paragraph.runs, paragraph.direction, paragraph.shaped}, room(paragraph), mode,
+                       *paragraph.style);
+  }
+  return place(paragraph, {segment.range.location, segment.end() - segment.range.location},
+               settingOf(std::move(fitted)));
+}
+
+bool NSTypesetter::setWrapped(Paragraph& paragraph) {
+  const auto& segment = paragraph.segment;
+  const std::size_t length = segment.range.length;
+  const bool fits = !isWidthLimited_ || paragraph.shaped->width() <= room(paragraph) + tolerance;
+  if (fits) return setOnOneLine(paragraph);
+  const auto units = text_.string().units().substr(segment.range.location, length);
+  const NSLineBreaker breaker(*paragraph.shaped, units, paragraph.style->lineBreakMode());
+  for (std::size_t from = 0; from < length;) {
+    const auto end = breaker.next(from, room(paragraph));
+    const std::size_t next = end.end == length ? segment.end() - segment.range.location : end.end;
+    if (cutsOff(segment.range.location + next)) return setCutOff(paragraph, from);
+    const NSRange range{segment.range.location + from, next - from};
+    if (!place(paragraph, range, {paragraph.shaped, from, end.visible, {}, false, 0, end.width}))
+      return false;
+    paragraph.isFirstLine = false;
+    from = end.end;
+  }
+  return true;
+}
+
+// Sets what follows the unit `from` as the last line, which ends in an ellipsis.
+bool NSTypesetter::setCutOff(const Paragraph& paragraph, std::size_t from) {
+  const auto& segment = paragraph.segment;
+  const std::size_t start = segment.range.location + from;
+  const auto units = text_.string().units().substr(start, segment.range.length - from);
+  NSTextRuns runs;
+  runs.append(paragraph.runs, from, segment.range.length);
+  const auto shaped = host::current().fonts().shape(units, runs.runs(), paragraph.direction);
+  auto fitted = NSFitLine({units, runs, paragraph.direction, shaped}, room(paragraph),
+                          NSLineBreakMode::truncatingTail, *paragraph.style, true);
+  return place(paragraph, {start, segment.end() - start}, settingOf(std::move(fitted)));
+}
+
+bool NSTypesetter::isLastLine() const {
+  return options_.maximumNumberOfLines > 0 && lines_.size() + 1 == options_.maximumNumberOfLines;
+}
+
+// Whether the line that ends at `end` is the last that may be shown of more, and has to say so.
+bool NSTypesetter::cutsOff(std::size_t end) const {
+  return isLastLine() && NSIsTruncating(options_.lineBreakMode) && end < text_.length();
+}
+
+// Puts a line below those that are there; false when there is no room for it, or for one more.
+bool NSTypesetter::place(const Paragraph& paragraph, NSRange range, NSLineSetting setting) {
+  NSLineMetrics metrics;
+  if (range.length > 0) metrics = NSLineMetrics::of(text_, range);
+  if (range.length == 0) metrics.include(attributesAt(range.location));
+  if (!options_.usesFontLeading) metrics.leading = 0;
+  const auto& style = *paragraph.style;
+  const CGFloat height = lineHeight(metrics.ascent + metrics.descent + metrics.leading, style);
+  const CGFloat top = y_ + spaceBelow_;
+  const bool isFull = isHeightLimited_ && top + height > options_.size.height + tolerance;
+  if (isFull && !lines_.empty()) return false;
+
+  if (!lines_.empty()) lines_.back().rect.size.height += spaceBelow_;
+  NSLineFragment line;
+  line.range = range;
+  line.baseline = top + height - metrics.leading - metrics.descent;
+  line.isRightToLeft = paragraph.direction == host::TextDirection::rightToLeft;
+  line.endsWithBreak = paragraph.segment.breakLength > 0 && NSMaxRange(range) == paragraph.segment.end();
+  line.setting = std::move(setting);
+  line.rect = {0, top, isWidthLimited_ ? options_.size.width : 0, height};
+  line.usedRect = {0, top, 0, height};
+  align(line, paragraph);
+  y_ = top + height;
+  const bool endsParagraph = NSMaxRange(range) == paragraph.segment.end() && paragraph.segment.endsParagraph;
+  spaceBelow_ = style.lineSpacing() + (endsParagraph ? style.paragraphSpacing() : 0);
+  lines_.push_back(std::move(line));
+  return !isFull && (options_.maximumNumberOfLines == 0 || lines_.size() < options_.maximumNumberOfLines);
+}
+
+// Alignment
+
+void NSTypesetter::align(NSLineFragment& line, const Paragraph& paragraph) {
+  const bool isInterfaceRightToLeft = options_.direction == NSUserInterfaceLayoutDirection::rightToLeft;
+  const CGFloat padding = options_.lineFragmentPadding;
+  const auto alignment = paragraph.style->alignment();
+  const CGFloat full = room(paragraph);
+  const bool goesOn = NSMaxRange(line.range) < paragraph.segment.end();
+  const bool isJustified = alignment == NSTextAlignment::justified && goesOn && isWidthLimited_;
+  if (isJustified && full > line.setting.width) justify(line, full - line.setting.width);
+  // Indents are on the side where the paragraph's lines begin.
+  CGFloat left = padding + indent(paragraph);
+  if (line.isRightToLeft && isWidthLimited_) left = options_.size.width - left - full;
+  const CGFloat share = shareOf(alignment, isInterfaceRightToLeft, line.isRightToLeft);
+  if (isWidthLimited_) left += (full - line.setting.width) * share;
+  line.setting.left = left;
+  line.usedRect.origin.x = left - padding;
+  line.usedRect.size.width = line.setting.width + 2 * padding;
+  shares_.push_back(share);
+}
+
+// Lets the spaces of a line take up the rest of its width.
+void NSTypesetter::justify(NSLineFragment& line, CGFloat rest) const {
+  const auto units = text_.string().units();
+  std::size_t spaces = 0;
+  for (std::size_t i = 0; i < line.setting.to - line.setting.from; ++i) {
+    if (NSIsLineSpace(units[line.range.location + i])) ++spaces;
+  }
+  if (spaces == 0) return;
+  line.setting.gap = rest / static_cast<CGFloat>(spaces);
+  line.setting.width += rest;
+}
+
+// Without a width to go by, lines take the widest one's.
+void NSTypesetter::alignAmongThemselves() {
+  CGFloat widest = 0;
+  for (const auto& line : lines_) widest = std::max(widest, line.setting.width);
+  for (std::size_t i = 0; i < lines_.size(); ++i) {
+    const CGFloat shift = (widest - lines_[i].setting.width) * shares_[i];
+    lines_[i].setting.left += shift;
+    lines_[i].usedRect.origin.x += shift;
+  }
+}
+
+}  // namespace bkuk

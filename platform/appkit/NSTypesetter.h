@@ -1,0 +1,68 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "platform/appkit/NSParagraphStyle.h"
+#include "platform/appkit/NSTextLayout.h"
+#include "platform/appkit/NSTextRuns.h"
+#include "platform/appkit/NSTextSegment.h"
+
+namespace bkuk {
+
+/// Sets a text line by line, from the top of a container down.
+class NSTypesetter {
+ public:
+  NSTypesetter(const NSAttributedString& text, const NSTextLayoutOptions& options);
+
+  /// Sets what follows the unit `from`, until the container is full, and answers the lines.
+  [[nodiscard]] std::vector<NSLineFragment> lines(std::size_t from);
+  /// The used size of the whole text where it is one line in one look, found without setting it; absent for
+  /// every other text.
+  [[nodiscard]] std::optional<NSSize> sizeOfPlainLine();
+
+ private:
+  /// A segment on its way into lines.
+  struct Paragraph {
+    NSTextSegment segment;
+    Ref<NSParagraphStyle> style;
+    host::TextDirection direction;
+    NSTextRuns runs;
+    std::shared_ptr<const host::TextParagraph> shaped;
+    bool isFirstLine = true;  // of its paragraph
+  };
+
+  [[nodiscard]] Paragraph paragraphAt(std::size_t from);
+  [[nodiscard]] host::TextDirection directionOf(const NSTextSegment& segment, const NSParagraphStyle& style);
+  [[nodiscard]] const NSAttributeDictionary& attributesAt(std::size_t index) const;
+
+  bool setLines(Paragraph& paragraph);
+  bool setWrapped(Paragraph& paragraph);
+  bool setOnOneLine(Paragraph& paragraph);
+  bool setCutOff(const Paragraph& paragraph, std::size_t from);
+  bool setEmptyLine(const Paragraph& paragraph);
+  bool place(const Paragraph& paragraph, NSRange range, NSLineSetting setting);
+
+  [[nodiscard]] bool isLastLine() const;
+  [[nodiscard]] bool cutsOff(std::size_t end) const;
+  [[nodiscard]] CGFloat indent(const Paragraph& paragraph) const;
+  [[nodiscard]] CGFloat room(const Paragraph& paragraph) const;
+  [[nodiscard]] NSTextAlignment alignmentOf(const Paragraph& paragraph) const;
+  void align(NSLineFragment& line, const Paragraph& paragraph);
+  void justify(NSLineFragment& line, CGFloat rest) const;
+  void alignAmongThemselves();
+
+  const NSAttributedString& text_;
+  const NSTextLayoutOptions options_;
+  const bool isWidthLimited_;
+  const bool isHeightLimited_;
+  std::vector<NSLineFragment> lines_;
+  std::vector<CGFloat> shares_;                // of each line, how much of the free room goes to its left
+  std::optional<host::TextDirection> before_;  // of the part of the paragraph before the segment
+  CGFloat y_ = 0;
+  CGFloat spaceBelow_ = 0;  // the last line's
+};
+
+}  // namespace bkuk
