@@ -1,11 +1,11 @@
 #include "platform/appkit/NSTextField.h"
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
 #include "platform/appkit/NSApplication.h"
 #include "platform/appkit/NSGraphicsContext.h"
-#include "platform/appkit/NSTruncatedLine.h"
 #include "platform/foundation/NSString.h"
 
 namespace bkuk {
@@ -13,9 +13,14 @@ namespace bkuk {
 namespace {
 
 constexpr CGFloat padding = 2;  // points on each side
-bool isDark() {
+constexpr auto measuring =
+    NSStringDrawingOptions::usesLineFragmentOrigin | NSStringDrawingOptions::usesFontLeading;
+
+Ref<NSColor> shownTextColor(const Ref<NSColor>& color) {
+  if (color) return color;
   const std::string_view names[] = {NSAppearanceNameAqua, NSAppearanceNameDarkAqua};
-  return NSApplication::shared().effectiveAppearance()->bestMatch(names) == NSAppearanceNameDarkAqua;
+  const auto appearance = NSApplication::shared().effectiveAppearance();
+  return appearance->bestMatch(names) == NSAppearanceNameDarkAqua ? NSColor::white() : NSColor::black();
 }
 
 }  // namespace
@@ -33,13 +38,40 @@ Ref<NSTextField> NSTextField::labelWithString(std::string text) {
 void NSTextField::didInit() {
   NSControl::didInit();
   if (!font_) font_ = NSFont::systemFont(0);
+  container_->setLineFragmentPadding(0);
+  layoutManager_->addTextContainer(container_);
+  storage_->addLayoutManager(layoutManager_);
   setAccessibilityRole(NSAccessibilityStaticTextRole);
   setAccessibilityElement(true);
 }
 
+// Text
+
 void NSTextField::setStringValue(std::string text) {
-  if (text == stringValue_) return;
+  if (text == stringValue_ && !attributedStringValue_) return;
   stringValue_ = std::move(text);
+  attributedStringValue_ = nullptr;
+  textDidChange();
+  NSAccessibilityPostNotification(*this, NSAccessibilityValueChangedNotification);
+}
+
+Ref<NSAttributedString> NSTextField::attributedStringValue() const {
+  if (attributedStringValue_) return attributedStringValue_;
+  const auto style = make<NSMutableParagraphStyle>();
+  style->setAlignment(alignment_);
+  style->setLineBreakMode(lineBreakMode_);
+  style->setBaseWritingDirection(baseWritingDirection_);
+  style->setAllowsDefaultTighteningForTruncation(allowsTightening_);
+  return make<NSAttributedString>(
+      NSString(stringValue_),
+      NSAttributeDictionary{{NSFontAttributeName, font_},
+                            {NSForegroundColorAttributeName, shownTextColor(textColor_)},
+                            {NSParagraphStyleAttributeName, style}});
+}
+
+void NSTextField::setAttributedStringValue(const NSAttributedString& text) {
+  attributedStringValue_ = text.copy();
+  stringValue_ = attributedStringValue_->string().utf8();
   textDidChange();
   NSAccessibilityPostNotification(*this, NSAccessibilityValueChangedNotification);
 }
@@ -50,14 +82,14 @@ void NSTextField::setFont(Ref<NSFont> font) {
 }
 
 void NSTextField::textDidChange() {
-  line_ = nullptr;
+  storageIsStale_ = true;
   invalidateIntrinsicContentSize();
   setNeedsDisplay(true);
 }
 
 void NSTextField::setTextColor(Ref<NSColor> color) {
   textColor_ = std::move(color);
-  setNeedsDisplay(true);
+  textDidChange();
 }
 
 void NSTextField::setBackgroundColor(Ref<NSColor> color) {
@@ -67,13 +99,30 @@ void NSTextField::setBackgroundColor(Ref<NSColor> color) {
 
 void NSTextField::setAlignment(NSTextAlignment alignment) {
   alignment_ = alignment;
-  setNeedsDisplay(true);
+  textDidChange();
 }
 
 void NSTextField::setLineBreakMode(NSLineBreakMode mode) {
   lineBreakMode_ = mode;
-  setNeedsDisplay(true);
+  textDidChange();
 }
+
+void NSTextField::setBaseWritingDirection(NSWritingDirection direction) {
+  baseWritingDirection_ = direction;
+  textDidChange();
+}
+
+void NSTextField::setAllowsDefaultTighteningForTruncation(bool allows) {
+  allowsTightening_ = allows;
+  textDidChange();
+}
+
+void NSTextField::setPreferredMaxLayoutWidth(CGFloat width) {
+  preferredMaxLayoutWidth_ = width;
+  invalidateIntrinsicContentSize();
+}
+
+// Looks and behaviour
 
 void NSTextField::setEditable(bool editable) {
   editable_ = editable;
@@ -106,60 +155,62 @@ void NSTextField::mouseDown(NSEvent& event) {
 
 // Layout
 
+NSLayoutManager& NSTextField::laidOut() const {
+  if (std::exchange(storageIsStale_, false)) storage_->setAttributedString(*attributedStringValue());
+  layoutManager_->setUserInterfaceLayoutDirection(userInterfaceLayoutDirection());
+  container_->setSize({std::max(1.0, bounds().width() - 2 * padding), 0});
+  return *layoutManager_;
+}
+
 NSSize NSTextField::intrinsicContentSize() const {
-  const auto& text = line();
-  return {editable_ ? NSViewNoIntrinsicMetric : std::ceil(text->width()) + 2 * padding,
-          std::ceil(text->ascent() + text->descent() + text->leading())};
+  const CGFloat width = std::max(0.0, preferredMaxLayoutWidth_ - 2 * padding);
+  auto text = attributedStringValue();
+  // An empty field is as high as a line.
+  if (text->length() == 0)
+    text = make<NSAttributedString>(NSString(" "), NSAttributeDictionary{{NSFontAttributeName, font_}});
+  const NSSize size = text->boundingRect({width, 0}, measuring).size;
+  return {
+      editable_ ? NSViewNoIntrinsicMetric : std::ceil(stringValue_.empty() ? 0 : size.width) + 2 * padding,
+      std::ceil(size.height)};
+}
+
+// Text that is lower than the field stands in its middle.
+CGFloat NSTextField::top() const {
+  return std::max(0.0, (bounds().height() - laidOut().usedRect(*container_).height()) / 2);
 }
 
 CGFloat NSTextField::firstBaselineOffsetFromTop() const {
-  return (bounds().height() + line()->ascent() - line()->descent()) / 2;
+  if (stringValue_.empty()) return (bounds().height() + font_->ascender() + font_->descender()) / 2;
+  return top() + laidOut().location(0).y;
 }
 
 CGFloat NSTextField::lastBaselineOffsetFromBottom() const {
-  return bounds().height() - firstBaselineOffsetFromTop();
+  if (stringValue_.empty()) return bounds().height() - firstBaselineOffsetFromTop();
+  auto& manager = laidOut();
+  const std::size_t last = NSMaxRange(manager.glyphRange(*container_)) - 1;
+  return bounds().height() - top() - manager.lineFragmentRect(last).minY() - manager.location(last).y;
 }
 
 // Drawing
 
-const Ref<CTLine>& NSTextField::line() const {
-  if (!line_) {
-    const bool isRightToLeft = userInterfaceLayoutDirection() == NSUserInterfaceLayoutDirection::rightToLeft;
-    line_ = make<CTLine>(NSString(stringValue_), font_->face(),
-                         isRightToLeft ? CTWritingDirection::rightToLeft : CTWritingDirection::leftToRight);
-  }
-  return line_;
-}
-
-Ref<CTLine> NSTextField::lineFitting(CGFloat width) const {
-  if (line()->width() <= width) return line();
-  return NSTruncatedLine(NSString(stringValue_), font_->face(), width, lineBreakMode_);
-}
-
 void NSTextField::draw(NSRect) {
   const auto context = NSGraphicsContext::current()->cgContext();
-  const auto inside = isDark() ? NSColor::white() : NSColor::black();
   if (drawsBackground_ && backgroundColor_) {
     context->setFillColor(backgroundColor_->cgColor());
     context->fill(bounds());
   }
   if (bezeled_ || bordered_) {
-    context->setStrokeColor(inside->withAlphaComponent(0.25)->cgColor());
+    context->setStrokeColor(shownTextColor(nullptr)->withAlphaComponent(0.25)->cgColor());
     context->setLineWidth(1);
     context->addRect(bounds().insetBy(0.5, 0.5));
     context->strokePath();
   }
-  const CGFloat width = bounds().width() - 2 * padding;
-  const auto shown = lineFitting(width);
-  const bool isRightToLeft = userInterfaceLayoutDirection() == NSUserInterfaceLayoutDirection::rightToLeft;
-  const bool isAtRight =
-      alignment_ == NSTextAlignment::right || (alignment_ == NSTextAlignment::natural && isRightToLeft);
-  CGFloat start = padding;
-  if (alignment_ == NSTextAlignment::center) start += (width - shown->width()) / 2;
-  if (isAtRight) start += width - shown->width();
-  const CGFloat baseline = firstBaselineOffsetFromTop();
   context->clip(bounds());
-  shown->draw(*context, {start, baseline}, *(textColor_ ? textColor_ : inside)->cgColor());
+  const NSPoint origin{padding, top()};
+  auto& manager = laidOut();
+  const NSRange shown = manager.glyphRange(*container_);
+  manager.drawBackground(shown, origin);
+  manager.drawGlyphs(shown, origin);
 }
 
 }  // namespace bkuk

@@ -3,13 +3,13 @@
 #include "platform/appkit/NSColor.h"
 #include "platform/appkit/NSControl.h"
 #include "platform/appkit/NSFont.h"
-#include "platform/appkit/NSTextAlignment.h"
-#include "platform/coretext/CTLine.h"
+#include "platform/appkit/NSLayoutManager.h"
+#include "platform/appkit/NSParagraphStyle.h"
 
 namespace bkuk {
 
-/// One line of text. A field that is neither editable nor selectable is static: it passes the pointer on to
-/// what it lies on and never takes the keyboard.
+/// A text. A field that is neither editable nor selectable is static: it passes the pointer on to what it
+/// lies on and never takes the keyboard.
 class NSTextField : public NSControl {
  public:
   using NSControl::NSControl;
@@ -18,8 +18,12 @@ class NSTextField : public NSControl {
   [[nodiscard]] static Ref<NSTextField> labelWithString(std::string text);
 
   [[nodiscard]] const std::string& stringValue() const { return stringValue_; }
-  /// UTF-8; line breaks show as spaces.
+  /// UTF-8, in the look of the field: attributes that were set are dropped.
   void setStringValue(std::string text);
+  /// The text with its attributes; those of a plain one are the field's font, colour and paragraph style.
+  [[nodiscard]] Ref<NSAttributedString> attributedStringValue() const;
+  /// Shows the text in its own look; what it leaves open is the platform's default, not the field's.
+  void setAttributedStringValue(const NSAttributedString& text);
   /// The desktop's interface face at first.
   [[nodiscard]] const Ref<NSFont>& font() const { return font_; }
   void setFont(Ref<NSFont> font);
@@ -31,9 +35,18 @@ class NSTextField : public NSControl {
   void setBackgroundColor(Ref<NSColor> color);
   [[nodiscard]] NSTextAlignment alignment() const { return alignment_; }
   void setAlignment(NSTextAlignment alignment);
-  /// What becomes of text that is wider than the field; a field wraps nothing, so both wrapping modes clip.
+  /// What becomes of text that is wider than the field. Clipping at first.
   [[nodiscard]] NSLineBreakMode lineBreakMode() const { return lineBreakMode_; }
   void setLineBreakMode(NSLineBreakMode mode);
+  [[nodiscard]] NSWritingDirection baseWritingDirection() const { return baseWritingDirection_; }
+  void setBaseWritingDirection(NSWritingDirection direction);
+  /// Whether letters may move together before text is truncated.
+  [[nodiscard]] bool allowsDefaultTighteningForTruncation() const { return allowsTightening_; }
+  void setAllowsDefaultTighteningForTruncation(bool allows);
+  /// The width, in points, at which the intrinsic size counts on text being wrapped; 0, as at first, for
+  /// none.
+  [[nodiscard]] CGFloat preferredMaxLayoutWidth() const { return preferredMaxLayoutWidth_; }
+  void setPreferredMaxLayoutWidth(CGFloat width);
 
   [[nodiscard]] bool isEditable() const { return editable_; }
   void setEditable(bool editable);
@@ -59,6 +72,8 @@ class NSTextField : public NSControl {
   [[nodiscard]] CGFloat firstBaselineOffsetFromTop() const override;
   [[nodiscard]] CGFloat lastBaselineOffsetFromBottom() const override;
 
+  void viewDidChangeEffectiveAppearance() override { textDidChange(); }
+
   [[nodiscard]] NSAccessibilityValue accessibilityValue() const override { return stringValue_; }
   [[nodiscard]] std::string className() const override { return "NSTextField"; }
 
@@ -67,22 +82,30 @@ class NSTextField : public NSControl {
 
  private:
   [[nodiscard]] bool isStatic() const { return !editable_ && !selectable_; }
-  [[nodiscard]] const Ref<CTLine>& line() const;
-  [[nodiscard]] Ref<CTLine> lineFitting(CGFloat width) const;
+  [[nodiscard]] NSLayoutManager& laidOut() const;
+  [[nodiscard]] CGFloat top() const;
   void textDidChange();
 
   std::string stringValue_;
+  Ref<NSAttributedString> attributedStringValue_;  // empty while the text is plain
   Ref<NSFont> font_;
   Ref<NSColor> textColor_;
   Ref<NSColor> backgroundColor_;
   NSTextAlignment alignment_ = NSTextAlignment::natural;
   NSLineBreakMode lineBreakMode_ = NSLineBreakMode::clipping;
+  NSWritingDirection baseWritingDirection_ = NSWritingDirection::natural;
+  CGFloat preferredMaxLayoutWidth_ = 0;
+  bool allowsTightening_ = false;
   bool editable_ = true;
   bool selectable_ = true;
   bool drawsBackground_ = true;
   bool bezeled_ = true;
   bool bordered_ = false;
-  mutable Ref<CTLine> line_;  // of the whole text; made when it is needed
+  // Brought up to date when it is needed.
+  mutable bool storageIsStale_ = true;
+  Ref<NSTextStorage> storage_ = make<NSTextStorage>();
+  Ref<NSTextContainer> container_ = make<NSTextContainer>();
+  Ref<NSLayoutManager> layoutManager_ = make<NSLayoutManager>();
 };
 
 }  // namespace bkuk

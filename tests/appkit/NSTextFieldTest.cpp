@@ -57,6 +57,32 @@ TEST(NSTextField, AlignsItsLineAndCutsWhatIsTooLong) {
   EXPECT_LE(shown.ink().second, 3);
 }
 
+TEST(NSTextField, TellsAndShowsAttributes) {
+  Field shown;
+  shown.field->setAlignment(NSTextAlignment::center);
+  const auto plain = shown.field->attributedStringValue();
+  EXPECT_EQ(plain->attributes(0).object<NSFont>(NSFontAttributeName), shown.field->font().get());
+  EXPECT_EQ(plain->attributes(0).object<NSParagraphStyle>(NSParagraphStyleAttributeName)->alignment(),
+            NSTextAlignment::center);
+  const NSSize before = shown.field->intrinsicContentSize();
+  const NSAttributedString large(NSString("Large"), {{NSFontAttributeName, NSFont::systemFont(22)}});
+  shown.field->setAttributedStringValue(large);
+  EXPECT_EQ(shown.field->stringValue(), "Large");
+  EXPECT_TRUE(shown.field->attributedStringValue()->isEqual(&large));
+  EXPECT_GT(shown.field->intrinsicContentSize().height, before.height + 5);
+  shown.field->setStringValue("Large");
+  EXPECT_EQ(shown.field->intrinsicContentSize().height, before.height) << "the attributes are dropped";
+  // What wraps is as high as its lines, and its last baseline is lower than the first.
+  shown.field->setLineBreakMode(NSLineBreakMode::wordWrapping);
+  shown.field->setStringValue("Several words to wrap at the end");
+  shown.field->setPreferredMaxLayoutWidth(100);
+  const CGFloat height = shown.field->intrinsicContentSize().height;
+  EXPECT_GT(height, 2 * before.height);
+  shown.field->setFrameSize({100, height});
+  EXPECT_LT(shown.field->lastBaselineOffsetFromBottom(), before.height);
+  EXPECT_LT(shown.field->firstBaselineOffsetFromTop(), before.height);
+}
+
 TEST(NSTextField, AStaticFieldLeavesPointerAndKeyboardToOthers) {
   Field shown;
   EXPECT_FALSE(shown.field->acceptsFirstResponder());
