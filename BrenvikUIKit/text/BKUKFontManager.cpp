@@ -2,6 +2,7 @@
 
 #include "BrenvikUIKit/text/BKUKFontLoader.h"
 #include "BrenvikUIKit/text/FontKey.h"
+#include "platform/appkit/NSParagraphStyle.h"
 
 namespace bkuk {
 
@@ -16,6 +17,18 @@ Ref<NSFont> BKUKFontManager::Font(FontTypes withType, double size) {
 
 double BKUKFontManager::HeightOfFont(FontTypes withType, double size) {
   return Font(withType, size)->boundingRectForFont().height();
+}
+
+NSAttributeDictionary BKUKFontManager::FontAttributes(FontTypes withType, double size,
+                                                      const Ref<NSColor>& color, NSTextAlignment alignment,
+                                                      std::optional<double> letterSpacing) {
+  const auto paragraph = NSParagraphStyle::default_()->mutableCopy();
+  paragraph->setAlignment(alignment);
+  NSAttributeDictionary attributes = {{NSFontAttributeName, Font(withType, size)},
+                                      {NSParagraphStyleAttributeName, paragraph}};
+  if (letterSpacing) attributes.set(NSKernAttributeName, *letterSpacing);
+  if (color) attributes.set(NSForegroundColorAttributeName, color);
+  return attributes;
 }
 
 std::size_t BKUKFontManager::cacheSize() { return shared().cache_->count(); }

@@ -4,7 +4,10 @@
 #include <optional>
 
 #include "BrenvikUIKit/text/BKUKFontType.h"
+#include "platform/appkit/NSColor.h"
 #include "platform/appkit/NSFont.h"
+#include "platform/appkit/NSTextAlignment.h"
+#include "platform/foundation/NSAttributeDictionary.h"
 #include "platform/foundation/NSMapTable.h"
 
 namespace bkuk {
@@ -21,6 +24,12 @@ class BKUKFontManager final : public NSObject {
   [[nodiscard]] static Ref<NSFont> Font(FontTypes withType, double size);
   /// The height of the box around all glyphs of the font, in points.
   [[nodiscard]] static double HeightOfFont(FontTypes withType, double size);
+  /// What text in that font looks like. `color` may be empty and `letterSpacing`, in points, absent: then the
+  /// text says nothing of them. A paragraph style is always in it.
+  [[nodiscard]] static NSAttributeDictionary FontAttributes(FontTypes withType, double size,
+                                                            const Ref<NSColor>& color,
+                                                            NSTextAlignment alignment,
+                                                            std::optional<double> letterSpacing = {});
   /// How many fonts are remembered.
   [[nodiscard]] static std::size_t cacheSize();
   static void clearCache();

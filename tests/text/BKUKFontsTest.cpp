@@ -7,6 +7,7 @@
 #include "BrenvikUIKit/text/BKUKFontLoader.h"
 #include "BrenvikUIKit/text/BKUKFontManager.h"
 #include "BrenvikUIKit/text/FontKey.h"
+#include "platform/appkit/NSParagraphStyle.h"
 #include "platform/foundation/NSUserDefaults.h"
 #include "testing/VirtualHostScope.h"
 #include "tests/support/StopLine.h"
@@ -51,6 +52,18 @@ TEST_F(BKUKFontsTest, OtherNamesTakeEffectWhenTheCacheIsCleared) {
   BKUKFontManager::clearCache();
   EXPECT_EQ(BKUKFontManager::Font(Type::regular, 14)->fontName(), "DejaVuSans");
   EXPECT_GT(BKUKFontManager::HeightOfFont(Type::regular, 14), 14);
+}
+
+TEST_F(BKUKFontsTest, AttributesSayNothingOfWhatIsAbsent) {
+  const auto full =
+      BKUKFontManager::FontAttributes(Type::bold, 12, NSColor::red(), NSTextAlignment::right, 0.1);
+  EXPECT_EQ(full.object<NSFont>(NSFontAttributeName), BKUKFontManager::Font(Type::bold, 12).get());
+  EXPECT_EQ(full.object<NSColor>(NSForegroundColorAttributeName), NSColor::red().get());
+  EXPECT_EQ(full.object<NSParagraphStyle>(NSParagraphStyleAttributeName)->alignment(),
+            NSTextAlignment::right);
+  EXPECT_EQ(full.find(NSKernAttributeName)->number(), 0.1) << "in full precision";
+  EXPECT_EQ(NSParagraphStyle::default_()->alignment(), NSTextAlignment::natural);
+  EXPECT_EQ(BKUKFontManager::FontAttributes(Type::bold, 12, nullptr, NSTextAlignment::left).count(), 2u);
 }
 
 TEST_F(BKUKFontsTest, StopsWhereThereIsNoFont) {
