@@ -72,6 +72,7 @@
 #include "BrenvikUIKit/text/BKUKFontConfig.h"
 #include "BrenvikUIKit/text/BKUKFontLoader.h"
 #include "BrenvikUIKit/text/BKUKFontManager.h"
+#include "BrenvikUIKit/text/BKUKFontSettings.h"
 #include "BrenvikUIKit/text/BKUKFontType.h"
 #include "BrenvikUIKit/text/BKUKParagraphAttributes.h"
 #include "BrenvikUIKit/text/BKUKSimpleXMLParser.h"

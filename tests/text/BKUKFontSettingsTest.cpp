@@ -1,0 +1,98 @@
+#include <gtest/gtest.h>
+#include <string>
+
+#include "BrenvikUIKit/colour/BKUKTheme.h"
+#include "BrenvikUIKit/text/BKUKFontLoader.h"
+#include "BrenvikUIKit/text/BKUKFontSettings.h"
+#include "platform/appkit/NSParagraphStyle.h"
+#include "testing/VirtualHostScope.h"
+#include "tests/support/StopLine.h"
+
+namespace bkuk {
+namespace {
+
+using Type = BKUKFontManager::FontTypes;
+
+struct BKUKFontSettingsTest : testing::Test {
+  BKUKFontSettingsTest() {
+    BKUKFontLoader::shared().registerFont({{Type::regular, "Inter-Regular"}, {Type::bold, "Inter-Bold"}});
+    BKUKFontManager::clearCache();
+    BKUKTheme::setGlobalOverride([](std::string_view role) {
+      const auto color = role == "onBackground" ? NSColor::white() : NSColor::gray();
+      return [color] { return color; };
+    });
+  }
+  ~BKUKFontSettingsTest() override {
+    BKUKTheme::setGlobalOverride({});
+    BKUKBrandFont::size = size;
+    BKUKBrandFont::type = type;
+  }
+
+  VirtualHostScope host;
+  const std::function<double(BKUKBrandFont)> size = BKUKBrandFont::size;
+  const std::function<Type(BKUKBrandFont)> type = BKUKBrandFont::type;
+  const BKUKFontSettings everything{NSColor::red(),
+                                    15,
+                                    Type::bold,
+                                    NSTextAlignment::right,
+                                    NSLineBreakMode::clipping,
+                                    0.1F,
+                                    NSUnderlineStyle::double_,
+                                    NSColor::blue(),
+                                    {{"mark", 7}}};
+};
+
+TEST_F(BKUKFontSettingsTest, PresetsFollowTheApplicationAndTheTheme) {
+  EXPECT_TRUE(stopLine([] { (void)BKUKFontSettings::h1(); }).has_value()) << "without a brand";
+  EXPECT_EQ(BKUKFontSettings::linkBody2(),
+            BKUKFontSettings(NSColor::white(), 14, Type::regular, NSTextAlignment::natural, {}, {},
+                             NSUnderlineStyle::single));
+  BKUKBrandFont::size = [](BKUKBrandFont style) { return 30 - style; };
+  BKUKBrandFont::type = [](BKUKBrandFont style) {
+    return style == BKUKBrandFont::button ? Type::bold : Type::regular;
+  };
+  EXPECT_EQ(BKUKFontSettings::button(),
+            BKUKFontSettings(NSColor::white(), 22, Type::bold, NSTextAlignment::center));
+  BKUKBrandFont::size = [](BKUKBrandFont) { return 9; };
+  EXPECT_EQ(BKUKFontSettings::caption().size, 9) << "made afresh";
+}
+
+TEST_F(BKUKFontSettingsTest, AttributesSayAllButHowLinesBreak) {
+  const auto all = everything.fontAttributes(NSLineBreakMode::truncatingTail);
+  EXPECT_EQ(all.count(), 7u);
+  EXPECT_EQ(all.object<NSFont>(NSFontAttributeName), BKUKFontManager::Font(Type::bold, 15).get());
+  EXPECT_TRUE(all.find(NSKernAttributeName)->isFloat());
+  EXPECT_EQ(all.find(NSUnderlineStyleAttributeName)->integer(), 9);
+  EXPECT_EQ(all.object<NSColor>(NSUnderlineColorAttributeName), NSColor::blue().get());
+  const auto* paragraph = all.object<NSParagraphStyle>(NSParagraphStyleAttributeName);
+  EXPECT_EQ(paragraph->alignment(), NSTextAlignment::right);
+  EXPECT_EQ(paragraph->lineBreakMode(), NSLineBreakMode::wordWrapping);
+
+  const BKUKFontSettings plain(NSColor::red(), 15, Type::bold, NSTextAlignment::left);
+  EXPECT_EQ(plain.fontAttributes().count(), 3u);
+  const auto custom = plain.withCustomAttribute({{NSForegroundColorAttributeName, NSColor::green()}});
+  EXPECT_EQ(custom.fontAttributes().object<NSColor>(NSForegroundColorAttributeName), NSColor::green().get());
+  EXPECT_EQ(plain.font(20), BKUKFontManager::Font(Type::bold, 20));
+}
+
+TEST_F(BKUKFontSettingsTest, CopiesLoseTheLineBreakModeAndNothingElse) {
+  auto expected = everything;
+  expected.lineBreakMode.reset();
+  EXPECT_EQ(everything.with({}), expected);
+  EXPECT_EQ(everything.withUnderline(NSUnderlineStyle::double_, NSColor::blue()), expected);
+  expected.size = 20;
+  expected.spacing = 0.0F;
+  EXPECT_EQ(everything.with({.size = 20, .spacing = 0}), expected);
+  EXPECT_EQ(everything.lineBreakMode, NSLineBreakMode::clipping);
+  EXPECT_EQ(everything.withUnderline({}, nullptr).fontAttributes().count(), 5u);
+}
+
+TEST_F(BKUKFontSettingsTest, ABackgroundOrCustomAttributeUnderlinesInTheColourOfTheText) {
+  auto expected = everything.withUnderline(NSUnderlineStyle::double_, NSColor::red());
+  EXPECT_EQ(everything.withBackgroundColor(NSColor::green()), expected);
+  expected.customAttribute = {"other", "x"};
+  EXPECT_EQ(everything.withCustomAttribute({{"other", "x"}}), expected);
+}
+
+}  // namespace
+}  // namespace bkuk
