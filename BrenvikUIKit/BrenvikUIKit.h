@@ -77,6 +77,7 @@
 #include "BrenvikUIKit/text/BKUKParagraphAttributes.h"
 #include "BrenvikUIKit/text/BKUKSimpleXMLParser.h"
 #include "BrenvikUIKit/text/BKUKSimpleXMLParserDelegate.h"
+#include "BrenvikUIKit/text/BKUKStatefulFonts.h"
 #include "BrenvikUIKit/text/BKUKSupportedCustomTextAttributesOperator.h"
 #include "BrenvikUIKit/text/BKUKTextAttributes.h"
 #include "BrenvikUIKit/text/RangeFinder.h"

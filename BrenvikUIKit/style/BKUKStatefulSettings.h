@@ -1,16 +1,22 @@
 #pragma once
 
 #include <concepts>
+#include <cstdint>
 #include <optional>
 #include <utility>
 
 #include "BrenvikUIKit/interaction/BKUKInteractionState.h"
+#include "platform/appkit/NSTextAlignment.h"
 #include "platform/foundation/Ref.h"
 
 namespace bkuk {
 
+class BKUKBrandFont;
 class BKUKFill;
 class NSColor;
+enum class BKUKFontType : std::uint8_t;
+struct BKUKFontChanges;
+struct BKUKFontSettings;
 
 /// The arguments of `BKUKStatefulSettings::with`: each given one replaces the value of its state.
 template <typename T>
@@ -45,6 +51,14 @@ class BKUKStatefulSettings {
   requires std::same_as<T, BKUKFill> && std::same_as<Color, Ref<NSColor>>
   explicit BKUKStatefulSettings(const BKUKStatefulSettings<Color>& statefulColor)
       : BKUKStatefulSettings(statefulColor.map([](const Color& color) { return T::color(color); })) {}
+  /// Text in each state's colour and otherwise alike: `size` and `spacing` are in points. All four states
+  /// have their own.
+  BKUKStatefulSettings(const BKUKStatefulSettings<Ref<NSColor>>& colors, double size, BKUKFontType type,
+                       NSTextAlignment alignment,
+                       std::optional<float> spacing = {}) requires std::same_as<T, BKUKFontSettings>;
+  /// The same in the size and type that the application gives the role.
+  BKUKStatefulSettings(BKUKBrandFont style, const BKUKStatefulSettings<Ref<NSColor>>& colors,
+                       NSTextAlignment alignment) requires std::same_as<T, BKUKFontSettings>;
 
   [[nodiscard]] const T& normal() const { return normal_; }
   [[nodiscard]] const T& hover() const { return hover_ ? *hover_ : normal_; }
@@ -72,6 +86,12 @@ class BKUKStatefulSettings {
             std::move(changes.pressed).value_or(pressed()), std::move(changes.disabled).value_or(disabled())};
   }
 
+  /// Each state's text in its colour of `colors` and changed as `changes` says, whose own colour does not
+  /// count.
+  [[nodiscard]] BKUKStatefulSettings with(
+      const BKUKStatefulSettings<Ref<NSColor>>& colors,
+      const BKUKFontChanges& changes) const requires std::same_as<T, BKUKFontSettings>;
+
   /// What `convert` makes of each state's value; all four states have their own.
   template <typename Convert>
   [[nodiscard]] auto map(Convert&& convert) const {
@@ -80,11 +100,13 @@ class BKUKStatefulSettings {
   }
 
   // Of colours: see `BKUKStatefulColors.h`. Of fills, shadows and numbers: see `BKUKStatefulFills.h`,
-  // `BKUKStatefulShadows.h` and `BKUKStatefulNumbers.h`.
+  // `BKUKStatefulShadows.h` and `BKUKStatefulNumbers.h`. Of text: see `BKUKStatefulFonts.h`.
 
   [[nodiscard]] static const BKUKStatefulSettings& clear();
   [[nodiscard]] static const BKUKStatefulSettings& noShadow();
   [[nodiscard]] static const BKUKStatefulSettings& basicImageButton();
+  [[nodiscard]] static BKUKStatefulSettings hyperlinkPrimary();
+  [[nodiscard]] static BKUKStatefulSettings hyperlinkSecondary();
   [[nodiscard]] BKUKStatefulSettings<Ref<NSColor>> convertToStatefulColor() const;
 
   bool operator==(const BKUKStatefulSettings&) const = default;

@@ -3,7 +3,7 @@
 
 #include "BrenvikUIKit/colour/BKUKTheme.h"
 #include "BrenvikUIKit/text/BKUKFontLoader.h"
-#include "BrenvikUIKit/text/BKUKFontSettings.h"
+#include "BrenvikUIKit/text/BKUKStatefulFonts.h"
 #include "platform/appkit/NSParagraphStyle.h"
 #include "testing/VirtualHostScope.h"
 #include "tests/support/StopLine.h"
@@ -18,7 +18,8 @@ struct BKUKFontSettingsTest : testing::Test {
     BKUKFontLoader::shared().registerFont({{Type::regular, "Inter-Regular"}, {Type::bold, "Inter-Bold"}});
     BKUKFontManager::clearCache();
     BKUKTheme::setGlobalOverride([](std::string_view role) {
-      const auto color = role == "onBackground" ? NSColor::white() : NSColor::gray();
+      auto color = role == "onBackground" ? NSColor::white() : NSColor::gray();
+      if (role == "accentHighContrast") color = NSColor::green();
       return [color] { return color; };
     });
   }
@@ -53,6 +54,8 @@ TEST_F(BKUKFontSettingsTest, PresetsFollowTheApplicationAndTheTheme) {
   };
   EXPECT_EQ(BKUKFontSettings::button(),
             BKUKFontSettings(NSColor::white(), 22, Type::bold, NSTextAlignment::center));
+  const BKUKStatefulFonts fonts(BKUKBrandFont::button, NSColor::red(), NSTextAlignment::left);
+  EXPECT_EQ(fonts.hover(), BKUKFontSettings(NSColor::red(), 22, Type::bold, NSTextAlignment::left));
   BKUKBrandFont::size = [](BKUKBrandFont) { return 9; };
   EXPECT_EQ(BKUKFontSettings::caption().size, 9) << "made afresh";
 }
@@ -92,6 +95,26 @@ TEST_F(BKUKFontSettingsTest, ABackgroundOrCustomAttributeUnderlinesInTheColourOf
   EXPECT_EQ(everything.withBackgroundColor(NSColor::green()), expected);
   expected.customAttribute = {"other", "x"};
   EXPECT_EQ(everything.withCustomAttribute({{"other", "x"}}), expected);
+}
+
+TEST_F(BKUKFontSettingsTest, EachStateHasItsOwnTextInItsOwnColour) {
+  const BKUKStatefulColors colors(NSColor::red(), NSColor::blue());
+  const BKUKStatefulFonts fonts(colors, 12, Type::bold, NSTextAlignment::left, 0.5F);
+  const BKUKFontSettings red(NSColor::red(), 12, Type::bold, NSTextAlignment::left, {}, 0.5F);
+  EXPECT_EQ(fonts.with({.normal = everything}).pressed(), red);
+  EXPECT_EQ(fonts.hover(), red.with({.color = NSColor::blue()}));
+
+  const auto changed = BKUKStatefulFonts(red, everything).with(colors, {.size = 20});
+  EXPECT_EQ(changed.hover(), everything.with({.color = NSColor::blue(), .size = 20}));
+  EXPECT_EQ(changed.disabled(), red.with({.size = 20}));
+}
+
+TEST_F(BKUKFontSettingsTest, LinksExchangeTheirColoursUnderThePointer) {
+  const auto text = BKUKFontSettings::linkBody1();
+  const auto accented = text.with({.color = NSColor::green()});
+  const auto faint = text.with({.color = NSColor::gray()});
+  EXPECT_EQ(BKUKStatefulFonts::hyperlinkPrimary(), BKUKStatefulFonts(accented, text, accented, faint));
+  EXPECT_EQ(BKUKStatefulFonts::hyperlinkSecondary(), BKUKStatefulFonts(text, accented, text, faint));
 }
 
 }  // namespace
