@@ -18,4 +18,12 @@ Ref<NSMutableAttributedString> BKUKAttributedTextXMLFactory::createAttributedTex
   return parser.parse(std::move(text), names) ? constructor->currentText() : nullptr;
 }
 
+Ref<NSMutableAttributedString> BKUKAttributedTextXMLFactory::createAttributedText(
+    NSString text, const std::map<std::string, BKUKFontSettings>& applyingStylesToTags,
+    const BKUKFontSettings& withDefaultStyle, const Ref<NSParagraphStyle>& paragraph) {
+  BKUKAttributedTextXMLConstructor::Styles styles;
+  for (const auto& [name, style] : applyingStylesToTags) styles.emplace(name, style.fontAttributes());
+  return createAttributedText(std::move(text), styles, withDefaultStyle.fontAttributes(), paragraph);
+}
+
 }  // namespace bkuk

@@ -1,6 +1,10 @@
 #pragma once
 
+#include <map>
+#include <string>
+
 #include "BrenvikUIKit/text/BKUKAttributedTextXMLConstructor.h"
+#include "BrenvikUIKit/text/BKUKFontSettings.h"
 
 namespace bkuk {
 
@@ -11,6 +15,10 @@ struct BKUKAttributedTextXMLFactory {
   [[nodiscard]] static Ref<NSMutableAttributedString> createAttributedText(
       NSString text, const BKUKAttributedTextXMLConstructor::Styles& applyingStylesToTags,
       const NSAttributeDictionary& withDefaultStyle, const Ref<NSParagraphStyle>& paragraph = nullptr);
+  /// The same with the attributes of font settings.
+  [[nodiscard]] static Ref<NSMutableAttributedString> createAttributedText(
+      NSString text, const std::map<std::string, BKUKFontSettings>& applyingStylesToTags,
+      const BKUKFontSettings& withDefaultStyle, const Ref<NSParagraphStyle>& paragraph = nullptr);
 };
 
 }  // namespace bkuk

@@ -2,6 +2,7 @@
 #include <string>
 
 #include "BrenvikUIKit/colour/BKUKTheme.h"
+#include "BrenvikUIKit/text/BKUKAttributedTextXMLFactory.h"
 #include "BrenvikUIKit/text/BKUKFontLoader.h"
 #include "BrenvikUIKit/text/BKUKStatefulFonts.h"
 #include "platform/appkit/NSParagraphStyle.h"
@@ -107,6 +108,15 @@ TEST_F(BKUKFontSettingsTest, EachStateHasItsOwnTextInItsOwnColour) {
   const auto changed = BKUKStatefulFonts(red, everything).with(colors, {.size = 20});
   EXPECT_EQ(changed.hover(), everything.with({.color = NSColor::blue(), .size = 20}));
   EXPECT_EQ(changed.disabled(), red.with({.size = 20}));
+}
+
+TEST_F(BKUKFontSettingsTest, MarkupTakesTheSettingsOfItsTags) {
+  const auto plain = everything.withCustomAttribute({});
+  const auto built =
+      BKUKAttributedTextXMLFactory::createAttributedText("Hi [b]you[/b]", {{"b", everything}}, plain);
+  EXPECT_EQ(built->string(), "Hi you");
+  EXPECT_EQ(built->attributes(2), plain.fontAttributes());
+  EXPECT_EQ(built->attributes(3), everything.fontAttributes());
 }
 
 TEST_F(BKUKFontSettingsTest, LinksExchangeTheirColoursUnderThePointer) {
