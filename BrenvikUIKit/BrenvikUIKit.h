@@ -74,6 +74,7 @@
 #include "BrenvikUIKit/text/BKUKFontManager.h"
 #include "BrenvikUIKit/text/BKUKFontSettings.h"
 #include "BrenvikUIKit/text/BKUKFontType.h"
+#include "BrenvikUIKit/text/BKUKNSAttributedString+Extensions.h"
 #include "BrenvikUIKit/text/BKUKParagraphAttributes.h"
 #include "BrenvikUIKit/text/BKUKSimpleXMLParser.h"
 #include "BrenvikUIKit/text/BKUKSimpleXMLParserDelegate.h"
