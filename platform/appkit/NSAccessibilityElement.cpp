@@ -13,8 +13,9 @@ bool NSAccessibilityElement::isAccessibilityElement() const {
 NSRect NSAccessibilityElement::accessibilityFrame() const {
   const auto view = as<NSView>(accessibilityParent());
   const auto window = view ? view->window() : nullptr;
-  if (!frame_ || !window) return NSAccessibility::accessibilityFrame();
-  const NSRect inWindow = view->convertRectTo(*frame_, nullptr);
+  const auto frame = accessibilityFrameInParentSpace();
+  if (!frame || !window) return NSAccessibility::accessibilityFrame();
+  const NSRect inWindow = view->convertRectTo(*frame, nullptr);
   return {window->convertPointToScreen(inWindow.origin), inWindow.size};
 }
 

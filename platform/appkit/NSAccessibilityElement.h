@@ -16,7 +16,7 @@ class NSAccessibilityElement : public NSAccessibility {
   [[nodiscard]] NSRect accessibilityVisibleFrame() const override;
 
   /// In the space of the parent, a view, with which it moves.
-  [[nodiscard]] const std::optional<NSRect>& accessibilityFrameInParentSpace() const { return frame_; }
+  [[nodiscard]] virtual std::optional<NSRect> accessibilityFrameInParentSpace() const { return frame_; }
   void setAccessibilityFrameInParentSpace(NSRect frame) { frame_ = frame; }
 
  private:

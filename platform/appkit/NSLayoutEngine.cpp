@@ -360,7 +360,7 @@ NSLayoutEngine::Metrics NSLayoutEngine::metricsOf(NSLayoutItem& item) {
   auto* view = dynamic_cast<NSView*>(&item);
   if (!view) return {};
   return {view->alignmentRectInsets(), view->firstBaselineOffsetFromTop(),
-          view->lastBaselineOffsetFromBottom()};
+          view->lastBaselineDistanceFromBottom()};
 }
 
 // The items are asked first, for that calls their code; after it nothing does.

@@ -227,6 +227,11 @@ class NSView : public NSResponder, public CALayerDelegate, public NSLayoutItem {
   /// From the edges of the alignment rectangle, in points.
   [[nodiscard]] virtual CGFloat firstBaselineOffsetFromTop() const { return 0; }
   [[nodiscard]] virtual CGFloat lastBaselineOffsetFromBottom() const { return 0; }
+  /// How far above the lower edge constraints find the last baseline: for views that publish their offset
+  /// with another sign.
+  [[nodiscard]] virtual CGFloat lastBaselineDistanceFromBottom() const {
+    return lastBaselineOffsetFromBottom();
+  }
   /// By how much the frame is larger than the alignment rectangle, for what is not to be aligned by: shadows,
   /// badges. Sides are meant as seen.
   [[nodiscard]] virtual NSEdgeInsets alignmentRectInsets() const { return {}; }

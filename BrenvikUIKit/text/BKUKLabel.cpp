@@ -1,0 +1,367 @@
+#include "BrenvikUIKit/text/BKUKLabel.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "BrenvikUIKit/text/BKUKNSAttributedString+Extensions.h"
+#include "BrenvikUIKit/text/CustomAttributes.h"
+#include "platform/appkit/NSGraphicsContext.h"
+#include "platform/foundation/Fatal.h"
+
+namespace bkuk {
+
+namespace {
+
+constexpr auto measuring = NSStringDrawingOptions::usesLineFragmentOrigin;
+
+double rounded(double height, BKUKLayoutRoundingRule rule) {
+  switch (rule) {
+    case BKUKLayoutRoundingRule::even:
+      return 2 * std::ceil(height / 2);
+    case BKUKLayoutRoundingRule::odd:
+      return 2 * std::floor(height / 2) + 1;
+    case BKUKLayoutRoundingRule::none:
+      break;
+  }
+  return height;
+}
+
+}  // namespace
+
+std::function<bool()> BKUKLabel::defaultUseNSTextFieldSync = [] { return false; };
+
+Ref<BKUKLabel> BKUKLabel::label(std::string_view text) {
+  auto label = make<BKUKLabel>();
+  label->setStringValue(text);
+  return label;
+}
+
+Ref<BKUKLabel> BKUKLabel::label(std::string_view text, const BKUKFontSettings& style) {
+  auto styled = label(text);
+  styled->apply(style);
+  return styled;
+}
+
+void BKUKLabel::didInit() {
+  NSView::didInit();
+  setAccessibilityElement(true);
+  setAccessibilityRole(NSAccessibilityStaticTextRole);
+  textContainer_->setLineFragmentPadding(0);
+  textLayoutManager_->addTextContainer(textContainer_);
+  textStorage_->addLayoutManager(textLayoutManager_);
+  setNeedsLayout(true);
+}
+
+// Text and look
+
+std::string BKUKLabel::stringValue() const {
+  const auto& text = builder_->attributedString();
+  return text ? text->string().utf8() : std::string();
+}
+
+void BKUKLabel::setStringValue(std::string_view text) {
+  setAttributedStringValue(make<NSAttributedString>(NSString(text)));
+}
+
+const Ref<NSAttributedString>& BKUKLabel::attributedStringValue() const {
+  return builder_->attributedString();
+}
+
+void BKUKLabel::setAttributedStringValue(const Ref<NSAttributedString>& text) {
+  const auto before = builder_->attributedString();
+  builder_->setAttributedString(text);
+  didUpdateAttributes();
+  const auto& now = builder_->attributedString();
+  const bool isSame = before && now ? before->string() == now->string() : before == now;
+  if (!isSame) NSAccessibilityPostNotification(*this, NSAccessibilityValueChangedNotification);
+}
+
+void BKUKLabel::setAttributes(const BKUKTextAttributes& attributes) {
+  builder_->setAttributes(attributes);
+  didUpdateAttributes();
+}
+
+template <typename Change>
+void BKUKLabel::changeAttributes(Change change) {
+  auto changed = builder_->attributes();
+  change(changed);
+  setAttributes(changed);
+}
+
+void BKUKLabel::apply(const BKUKFontSettings& style) {
+  setAlignment(style.alignment);
+  setTextColor(style.color);
+  setFont(BKUKFontManager::Font(style.type, style.size));
+  setLetterSpacing(style.spacing ? std::optional<double>(*style.spacing) : std::nullopt);
+}
+
+void BKUKLabel::setFont(Ref<NSFont> font) {
+  changeAttributes([&](auto& attributes) { attributes.font = std::move(font); });
+}
+
+void BKUKLabel::setTextColor(Ref<NSColor> color) {
+  changeAttributes([&](auto& attributes) { attributes.textColor = std::move(color); });
+}
+
+void BKUKLabel::setUnderline(std::optional<NSUnderlineStyle> style) {
+  changeAttributes([&](auto& attributes) { attributes.underline = style; });
+}
+
+void BKUKLabel::setUnderlineColor(Ref<NSColor> color) {
+  changeAttributes([&](auto& attributes) { attributes.underlineColor = std::move(color); });
+}
+
+void BKUKLabel::setLetterSpacing(std::optional<double> spacing) {
+  changeAttributes([&](auto& attributes) { attributes.letterSpacing = spacing; });
+}
+
+void BKUKLabel::setLineHeight(std::optional<double> height) {
+  changeAttributes([&](auto& attributes) { attributes.lineHeight = height; });
+}
+
+void BKUKLabel::setAlignment(std::optional<NSTextAlignment> alignment) {
+  changeAttributes([&](auto& attributes) { attributes.alignment = alignment; });
+}
+
+void BKUKLabel::setLineBreakMode(std::optional<NSLineBreakMode> mode) {
+  changeAttributes([&](auto& attributes) { attributes.lineBreakMode = mode; });
+}
+
+BKUKParagraphAttributes BKUKLabel::paragraphAttributes() const {
+  const auto& all = attributes();
+  return {all.lineHeight, all.alignment, all.lineBreakMode, all.defaultTightening, all.tighteningFactor};
+}
+
+void BKUKLabel::setParagraphAttributes(const BKUKParagraphAttributes& paragraph) {
+  changeAttributes([&](auto& attributes) {
+    attributes.lineHeight = paragraph.lineHeight;
+    attributes.alignment = paragraph.alignment;
+    attributes.lineBreakMode = paragraph.lineBreakMode;
+    attributes.defaultTightening = paragraph.defaultTightening;
+    attributes.tighteningFactor = paragraph.tighteningFactor;
+  });
+}
+
+void BKUKLabel::setAnimatableFontSize(double size) {
+  if (!font() || size == font()->pointSize()) return;
+  if (auto resized = NSFont::font(font()->fontName(), size)) setFont(std::move(resized));
+}
+
+void BKUKLabel::didUpdateAttributes() {
+  const Ref<BKUKLabel> self(this);
+  replaceCustomAttributes();
+  needsUpdateSecondaryConstraints_ = true;
+  textDidChange();
+  measureAgain();
+}
+
+void BKUKLabel::textDidChange() {}
+
+// Who replaces text hears of stretches that carry something of their own, the last one first, so that what
+// is replaced never moves what is still to come.
+void BKUKLabel::replaceCustomAttributes() {
+  const Ref<NSObject> keepManager = operatorManager_;
+  const auto& manager = operatorManager_ ? *operatorManager_ : BKUKCustomAttributeOperatorManager::shared();
+  const auto replacer = manager.operator_();
+  const auto text = builder_->attributedString();
+  if (!replacer || !text) return;
+  const auto shown = builder_->build();
+  const auto replaced = replacingCustomAttributes(*shown, *text, *replacer);
+  // Who replaces text may have given the label another one meanwhile.
+  if (replaced && builder_->attributedString() == text) builder_->setAttributedString(replaced);
+}
+
+void BKUKLabel::measureAgain() {
+  needsUpdateContainer_ = true;
+  invalidateIntrinsicContentSize();
+  setNeedsLayout(true);
+  setNeedsDisplay(true);
+}
+
+void BKUKLabel::setLayoutRoundingRule(BKUKLayoutRoundingRule rule) {
+  if (std::exchange(roundingRule_, rule) != rule) measureAgain();
+}
+
+void BKUKLabel::setVerticalAlignment(BKUKLabelVerticalAlignment alignment) {
+  if (std::exchange(verticalAlignment_, alignment) != alignment) measureAgain();
+}
+
+void BKUKLabel::setDrawingOptions(BKUKLabelDrawingOptions options) {
+  if (std::exchange(drawingOptions_, options) != options) setNeedsDisplay(true);
+}
+
+void BKUKLabel::setTopTextPadding(TextPadding padding) {
+  topTextPadding_ = std::move(padding);
+  measureAgain();
+}
+
+void BKUKLabel::setBottomTextPadding(TextPadding padding) {
+  bottomTextPadding_ = std::move(padding);
+  measureAgain();
+}
+
+void BKUKLabel::setShouldUseNSTextFieldSync(bool uses) {
+  if (std::exchange(usesTextFieldSync_, uses) != uses) measureAgain();
+}
+
+void BKUKLabel::setVerticalNSTextFieldSyncOffset(double offset) {
+  if (std::exchange(syncOffset_, offset) != offset) measureAgain();
+}
+
+void BKUKLabel::setVerticalNSTextFieldSyncDrawOffset(double offset) {
+  if (std::exchange(syncDrawOffset_, offset) != offset) setNeedsDisplay(true);
+}
+
+void BKUKLabel::viewDidChangeEffectiveAppearance() {
+  NSView::viewDidChangeEffectiveAppearance();
+  builder_->setAttributes(builder_->attributes());
+  measureAgain();
+}
+
+// Layout
+
+void BKUKLabel::updateContainer() const {
+  if (std::exchange(needsUpdateContainer_, false)) textStorage_->setAttributedString(*builder_->build());
+  textLayoutManager_->setUserInterfaceLayoutDirection(userInterfaceLayoutDirection());
+  textContainer_->setSize({bounds().width(), 0});
+}
+
+bool BKUKLabel::isSynced() const { return usesTextFieldSync_ && !textStorage_->containsAttachments(); }
+
+void BKUKLabel::setSyncedLineSpacing(double spacing) const {
+  const auto alignment = attributes().alignment;
+  if (!alignment) fatal("Text field sync needs an alignment", "BrenvikUIKit/BKUKLabel");
+  setParagraph(*textStorage_, *alignment, spacing);
+}
+
+NSSize BKUKLabel::intrinsicContentSize() const {
+  updateContainer();
+  const bool synced = isSynced();
+  if (synced) setSyncedLineSpacing(0);
+  const double padding = textContainer_->lineFragmentPadding();
+  const double width = bounds().width() - 2 * padding;
+  const NSSize full = textStorage_->boundingRect({}, measuring).size;
+  const bool isOneSize = width <= 0 || full.width <= width;
+  const NSSize wrapped = isOneSize ? full : textStorage_->boundingRect({width, 0}, measuring).size;
+  if (synced) setSyncedLineSpacing(std::round(syncOffset_));
+
+  const double natural = std::ceil(wrapped.height);
+  const double height = rounded(natural, roundingRule_);
+  // Both what is added above the text and what moves it down, which is why it counts twice.
+  layoutRoundingOffset_ = 2 * (height - natural);
+  cachedIntrinsicContentSize_ = {std::ceil(full.width) + 2 * padding, height};
+  const auto& ownFont = font();
+  if (ownFont && synced) {
+    cachedIntrinsicContentSize_.height += BKUKFontConfig::shared().textFieldBottomOffset(*ownFont);
+  } else if (ownFont) {
+    const double top = topTextPadding_(*ownFont);
+    layoutRoundingOffset_ += top;
+    cachedIntrinsicContentSize_.height += bottomTextPadding_(*ownFont) + top;
+  }
+  return cachedIntrinsicContentSize_;
+}
+
+// Where the text's box lies.
+double BKUKLabel::verticalTextOffset() const {
+  const double room = std::max(0.0, bounds().height() - cachedIntrinsicContentSize_.height);
+  switch (verticalAlignment_) {
+    case BKUKLabelVerticalAlignment::top:
+      return layoutRoundingOffset_;
+    case BKUKLabelVerticalAlignment::bottom:
+      return room + layoutRoundingOffset_;
+    case BKUKLabelVerticalAlignment::center:
+      break;
+  }
+  return room * 0.5 + layoutRoundingOffset_;
+}
+
+double BKUKLabel::drawnTextTop() const {
+  if (!isSynced()) return verticalTextOffset() + layoutRoundingOffset_;
+  const double bottom = font() ? BKUKFontConfig::shared().textFieldBottomOffset(*font()) : 0;
+  return verticalTextOffset() + syncDrawOffset_ + 0.5 * bottom;
+}
+
+// That of the first character.
+Ref<NSFont> BKUKLabel::fontForBaselines() const {
+  const auto& text = *builder_->build();
+  if (text.length() == 0) return nullptr;
+  const auto* value = text.attribute(NSFontAttributeName, 0);
+  if (!value) return nullptr;
+  const Ref<NSFont> first = value->object<NSFont>();
+  return first ? first : font();
+}
+
+void BKUKLabel::layout() {
+  NSView::layout();
+  const NSSize before = cachedIntrinsicContentSize_;
+  (void)intrinsicContentSize();
+  if (std::exchange(needsUpdateSecondaryConstraints_, false))
+    secondaryConstraintFontCache_ = fontForBaselines();
+  double first = 0;
+  double last = 0;
+  if (const auto& cached = secondaryConstraintFontCache_) {
+    const double below = bounds().height() - verticalTextOffset() - cachedIntrinsicContentSize_.height;
+    first = cached->ascender() + verticalTextOffset();
+    last = cached->descender() - below;
+  }
+  const bool moved = std::exchange(firstBaselineOffsetFromTop_, first) != first ||
+                     std::exchange(lastBaselineOffsetFromBottom_, last) != last;
+  // A new width breaks lines elsewhere, and a new height moves the baselines.
+  if (moved || cachedIntrinsicContentSize_ != before) invalidateIntrinsicContentSize();
+}
+
+std::size_t BKUKLabel::characterIndex(NSPoint at, bool roundingUp) {
+  updateContainer();
+  const NSRect used = textLayoutManager_->usedRect(*textContainer_);
+  if (NSPointInRect(at, used)) {
+    CGFloat fraction = 0;
+    const std::size_t index = textLayoutManager_->glyphIndex(at, *textContainer_, &fraction);
+    return roundingUp && fraction > 0.5 ? index + 1 : index;
+  }
+  const bool isBehind = at.x > used.maxX() || at.y > used.maxY();
+  return isBehind ? textStorage_->length() : 0;
+}
+
+// Drawing
+
+void BKUKLabel::draw(NSRect) {
+  const auto current = NSGraphicsContext::current();
+  if (!current) return;
+  updateContainer();
+  auto& target = *current->cgContext();
+  target.setAllowsFontSubpixelPositioning(true);
+  target.setShouldSubpixelPositionFonts(true);
+  target.setAllowsFontSubpixelQuantization(true);
+  target.setShouldSubpixelQuantizeFonts(true);
+  target.setAllowsFontSmoothing(drawingOptions_.fontSmoothing);
+  target.setShouldSmoothFonts(drawingOptions_.fontSmoothing);
+  target.setAllowsAntialiasing(drawingOptions_.fontAntialiasing);
+  target.setShouldAntialias(drawingOptions_.fontAntialiasing);
+  const NSRange shown = textLayoutManager_->glyphRange(*textContainer_);
+  const NSPoint origin{0, drawnTextTop()};
+  textLayoutManager_->drawBackground(shown, origin);
+  textLayoutManager_->drawGlyphs(shown, origin);
+}
+
+// Events and assistive clients
+
+BKUKLabelTextClickDelegate* BKUKLabel::clickDelegate() const {
+  return clickDelegateObject_.isAlive() ? clickDelegate_ : nullptr;
+}
+
+void BKUKLabel::setClickDelegate(BKUKLabelTextClickDelegate* delegate) {
+  clickDelegate_ = delegate;
+  clickDelegateObject_ = dynamic_cast<NSObject*>(delegate);
+}
+
+void BKUKLabel::mouseDown(NSEvent& event) {
+  const Ref<BKUKLabel> self(this);
+  const auto keepDelegate = clickDelegateObject_.lock();
+  if (keepDelegate) clickDelegate_->labelClicked(*this, event);
+  NSView::mouseDown(event);
+}
+
+NSAccessibilityValue BKUKLabel::accessibilityValue() const { return stringValue(); }
+
+}  // namespace bkuk

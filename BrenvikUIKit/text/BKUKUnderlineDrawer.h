@@ -1,0 +1,17 @@
+#pragma once
+
+#include "platform/appkit/NSColor.h"
+#include "platform/appkit/NSFont.h"
+
+namespace bkuk {
+
+/// Draws the lines below text in a way of its own.
+class BKUKUnderlineDrawer : public NSObject {
+ public:
+  /// Called while a label is drawn, for each stretch of a line with one look. `rect` is the box around its
+  /// glyphs, over the full height of the line, in the space that is drawn into; y runs down. Font and colour
+  /// are empty where the text has none.
+  virtual void drawUnderline(const Ref<NSFont>& font, const Ref<NSColor>& color, NSRect rect) = 0;
+};
+
+}  // namespace bkuk
