@@ -9,7 +9,6 @@
 #include "platform/appkit/NSApplication.h"
 #include "platform/appkit/NSBezierPath.h"
 #include "platform/appkit/NSCursor.h"
-#include "platform/appkit/NSTrackingArea.h"
 #include "platform/appkit/NSWindow.h"
 
 namespace bkuk {

@@ -8,6 +8,7 @@
 #include "BrenvikUIKit/text/BKUKAttributedTextXMLFactory.h"
 #include "BrenvikUIKit/text/BKUKLabel.h"
 #include "platform/appkit/NSAccessibilityElement.h"
+#include "platform/appkit/NSTrackingArea.h"
 
 namespace bkuk {
 

@@ -305,8 +305,9 @@ void BKUKLabel::layout() {
     first = cached->ascender() + verticalTextOffset();
     last = cached->descender() - below;
   }
-  const bool moved = std::exchange(firstBaselineOffsetFromTop_, first) != first ||
-                     std::exchange(lastBaselineOffsetFromBottom_, last) != last;
+  const bool moved = first != firstBaselineOffsetFromTop_ || last != lastBaselineOffsetFromBottom_;
+  firstBaselineOffsetFromTop_ = first;
+  lastBaselineOffsetFromBottom_ = last;
   // A new width breaks lines elsewhere, and a new height moves the baselines.
   if (moved || cachedIntrinsicContentSize_ != before) invalidateIntrinsicContentSize();
 }
