@@ -1,0 +1,116 @@
+#include <benchmark/benchmark.h>
+#include <string>
+#include <vector>
+
+#include "BrenvikUIKit/text/BKUKInteractiveLabel.h"
+#include "platform/appkit/NSGraphicsContext.h"
+#include "testing/VirtualHostScope.h"
+
+namespace bkuk {
+namespace {
+
+constexpr auto measuring = NSStringDrawingOptions::usesLineFragmentOrigin;
+
+Ref<NSFont> inter(CGFloat size = 13) {
+  auto font = NSFont::font("Inter-Regular", size);
+  return font ? font : NSFont::systemFont(size);
+}
+
+NSAttributeDictionary look() {
+  return {{NSFontAttributeName, inter()}, {NSParagraphStyleAttributeName, NSParagraphStyle::default_()}};
+}
+
+// Five words of 8 in ever new orders, about 20 characters.
+std::vector<std::string> textsOfKnownWords(std::size_t count) {
+  const char* const words[] = {"Use", "the", "new", "file", "or", "open", "it", "all"};
+  std::vector<std::string> texts(count);
+  for (std::size_t i = 0; i < count; ++i) {
+    for (std::size_t word = 0, n = i; word < 5; ++word, n /= 8)
+      texts[i] += std::string(word ? " " : "") + words[n % 8];
+  }
+  return texts;
+}
+
+/// What a label asks the layout for its intrinsic size.
+void sizeOfTextSeenBefore(benchmark::State& state) {
+  const VirtualHostScope host;
+  const NSAttributedString text(NSString("Choose the new place"), look());
+  for (auto _ : state) benchmark::DoNotOptimize(text.boundingRect({}, measuring).size);
+}
+BENCHMARK(sizeOfTextSeenBefore);
+
+void sizeOfTextOfKnownWords(benchmark::State& state) {
+  const VirtualHostScope host;
+  std::vector<Ref<NSAttributedString>> texts;
+  for (const auto& text : textsOfKnownWords(1 << 15))
+    texts.push_back(make<NSAttributedString>(NSString(text), look()));
+  for (const auto& text : texts) (void)text->size();
+  std::size_t count = 0;
+  // More texts than are remembered, so that each is new again.
+  for (auto _ : state)
+    benchmark::DoNotOptimize(texts[count++ % texts.size()]->boundingRect({}, measuring).size);
+}
+BENCHMARK(sizeOfTextOfKnownWords);
+
+Ref<BKUKLabel> sizedLabel() {
+  auto label = BKUKLabel::label("Choose the new place");
+  label->setFont(inter());
+  label->setTextColor(NSColor::black());
+  return label;
+}
+
+void intrinsicSizeOfALabel(benchmark::State& state) {
+  const VirtualHostScope host;
+  const auto label = sizedLabel();
+  for (auto _ : state) benchmark::DoNotOptimize(label->intrinsicContentSize());
+}
+BENCHMARK(intrinsicSizeOfALabel);
+
+/// From the new text to the size, everything between included.
+void labelTakesATextSeenBefore(benchmark::State& state) {
+  const VirtualHostScope host;
+  const auto label = sizedLabel();
+  const char* const texts[] = {"Choose the new place", "Choose the old place"};
+  std::size_t count = 0;
+  for (auto _ : state) {
+    label->setStringValue(texts[++count % 2]);
+    benchmark::DoNotOptimize(label->intrinsicContentSize());
+  }
+}
+BENCHMARK(labelTakesATextSeenBefore);
+
+/// 2,000 labels drawn again, their texts as they were.
+void drawLabels(benchmark::State& state) {
+  const VirtualHostScope host;
+  host::Bitmap bitmap({200, 40});
+  const auto context = make<CGContext>(bitmap, CGAffineTransform{1, 0, 0, 1, 0, 0});
+  const NSGraphicsContextScope scope(make<NSGraphicsContext>(context, true));
+  std::vector<Ref<BKUKLabel>> labels;
+  for (std::size_t i = 0; i < 2000; ++i) {
+    labels.push_back(sizedLabel());
+    labels.back()->setStringValue("Label " + std::to_string(i));
+    labels.back()->setFrame({0, 0, 200, 20});
+    (void)labels.back()->intrinsicContentSize();
+  }
+  for (auto _ : state) {
+    for (const auto& label : labels) label->draw({});
+  }
+  state.SetItemsProcessed(state.iterations() * 2000);
+}
+BENCHMARK(drawLabels)->Unit(benchmark::kMillisecond);
+
+/// A paragraph of so many units, broken into lines of 300 points.
+void layOutParagraph(benchmark::State& state) {
+  const VirtualHostScope host;
+  std::string words;
+  const auto texts = textsOfKnownWords(512);
+  for (std::size_t i = 0; words.size() < static_cast<std::size_t>(state.range(0)); ++i)
+    words += texts[i % texts.size()] + ' ';
+  const NSAttributedString text(NSString(words), look());
+  for (auto _ : state) benchmark::DoNotOptimize(text.boundingRect({300, 0}, measuring).size);
+  state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(words.size()));
+}
+BENCHMARK(layOutParagraph)->RangeMultiplier(16)->Range(1 << 10, 1 << 18)->Unit(benchmark::kMicrosecond);
+
+}  // namespace
+}  // namespace bkuk
