@@ -13,8 +13,9 @@ namespace bkuk::host {
 /// text is shaped very large, and what comes out is counted in ems.
 class QtFace {
  public:
-  /// Pixels to the em in which faces are measured.
-  static constexpr int layoutSize = 2048;
+  /// Pixels to the em in which faces are measured: enough that rounding to 1/64 of one does not show. For
+  /// larger sizes the font engine would load each glyph anew each time it is asked for its width.
+  static constexpr int layoutSize = 256;
 
   /// `font` says which face; its size is ignored.
   explicit QtFace(QFont font);

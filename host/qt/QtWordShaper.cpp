@@ -4,6 +4,7 @@
 #include <QtGui/QTextLayout>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "host/qt/TextCharacters.h"
 
@@ -56,6 +57,8 @@ class WordReader {
     option.setFlags(QTextOption::IncludeTrailingSpaces);
     option.setAlignment(Qt::AlignLeft | Qt::AlignAbsolute);
     layout_.setTextOption(option);
+    // Otherwise the end of the layout forgets the glyphs, and the first question shapes the word again.
+    layout_.setCacheEnabled(true);
     layout_.beginLayout();
     line_ = layout_.createLine();
     layout_.endLayout();
@@ -70,8 +73,10 @@ class WordReader {
 
  private:
   void findCharacters(int length) {
+    const QString& text = layout_.text();
     for (int i = 0; i < length; ++i) {
-      if (i == 0 || layout_.isValidCursorPosition(i + offset_)) starts_.push_back(i);
+      const bool standsAlone = text[i + offset_].unicode() < 0x300;
+      if (i == 0 || standsAlone || layout_.isValidCursorPosition(i + offset_)) starts_.push_back(i);
     }
     ends_.assign(starts_.begin() + 1, starts_.end());
     ends_.push_back(length);
@@ -79,9 +84,10 @@ class WordReader {
   }
 
   void readUnits() {
+    double trailing = line_.cursorToX(offset_);
     for (std::size_t i = 0; i < starts_.size(); ++i) {
-      const double leading = line_.cursorToX(starts_[i] + offset_);
-      const double trailing = line_.cursorToX(ends_[i] + offset_);
+      // All in one direction: where a character ends the next begins.
+      const double leading = std::exchange(trailing, line_.cursorToX(ends_[i] + offset_));
       lefts_.push_back(std::min(leading, trailing));
       const double advance = std::max(0.0, std::abs(trailing - leading) - spacing) / em;
       word_.units[static_cast<std::size_t>(starts_[i])] = {advance, true};
