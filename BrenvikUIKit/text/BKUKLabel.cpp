@@ -128,6 +128,18 @@ void BKUKLabel::setLineBreakMode(std::optional<NSLineBreakMode> mode) {
   changeAttributes([&](auto& attributes) { attributes.lineBreakMode = mode; });
 }
 
+void BKUKLabel::setDefaultTightening(std::optional<bool> tightens) {
+  changeAttributes([&](auto& attributes) { attributes.defaultTightening = tightens; });
+}
+
+void BKUKLabel::setTighteningFactor(std::optional<double> factor) {
+  changeAttributes([&](auto& attributes) { attributes.tighteningFactor = factor; });
+}
+
+void BKUKLabel::setCustomAttribute(std::optional<CustomAttribute> attribute) {
+  changeAttributes([&](auto& attributes) { attributes.customAttribute = std::move(attribute); });
+}
+
 BKUKParagraphAttributes BKUKLabel::paragraphAttributes() const {
   const auto& all = attributes();
   return {all.lineHeight, all.alignment, all.lineBreakMode, all.defaultTightening, all.tighteningFactor};

@@ -66,6 +66,18 @@ class BKUKLabel : public NSView {
   void setAlignment(std::optional<NSTextAlignment> alignment);
   [[nodiscard]] std::optional<NSLineBreakMode> lineBreakMode() const { return attributes().lineBreakMode; }
   void setLineBreakMode(std::optional<NSLineBreakMode> mode);
+  [[nodiscard]] std::optional<bool> defaultTightening() const { return attributes().defaultTightening; }
+  /// Whether letters may move together before text is truncated.
+  void setDefaultTightening(std::optional<bool> tightens);
+  [[nodiscard]] std::optional<double> tighteningFactor() const { return attributes().tighteningFactor; }
+  /// How much too long, as a share of the width, a line may be to be moved together.
+  void setTighteningFactor(std::optional<double> factor);
+  using CustomAttribute = BKUKFontSettings::CustomAttribute;
+  [[nodiscard]] const std::optional<CustomAttribute>& customAttribute() const {
+    return attributes().customAttribute;
+  }
+  /// On all of the text: whoever replaces text is asked for it as a whole.
+  void setCustomAttribute(std::optional<CustomAttribute> attribute);
   [[nodiscard]] BKUKParagraphAttributes paragraphAttributes() const;
   void setParagraphAttributes(const BKUKParagraphAttributes& attributes);
 
@@ -128,6 +140,16 @@ class BKUKLabel : public NSView {
   /// a character the next one when `roundingUp` says so. 0 left of and above the text, and on its right and
   /// lower edge; the number of characters beyond these.
   [[nodiscard]] std::size_t characterIndex(NSPoint at, bool roundingUp);
+
+  // What the last measuring found
+
+  [[nodiscard]] NSSize cachedIntrinsicContentSize() const { return cachedIntrinsicContentSize_; }
+  /// By how much the text is moved down in its box.
+  [[nodiscard]] double layoutRoundingOffset() const { return layoutRoundingOffset_; }
+  /// Whether the text storage has to take over text and look before the text is measured or drawn.
+  [[nodiscard]] bool needsUpdateContainer() const { return needsUpdateContainer_; }
+  /// Whether the next layout looks up the font that the baselines are those of.
+  [[nodiscard]] bool needsUpdateSecondaryConstraints() const { return needsUpdateSecondaryConstraints_; }
 
   // NSView
 

@@ -29,8 +29,8 @@ class NSTypesetter {
     NSTextSegment segment;
     Ref<NSParagraphStyle> style;
     host::TextDirection direction;
-    NSTextRuns runs;
-    std::shared_ptr<const host::TextParagraph> shaped;
+    NSTextRuns runs{};
+    std::shared_ptr<const host::TextParagraph> shaped{};
     bool isFirstLine = true;  // of its paragraph
   };
 

@@ -33,6 +33,7 @@ TEST_F(BKUKLabelTest, RoundsTheHeightOfItsText) {
   EXPECT_EQ(heightWith(BKUKLayoutRoundingRule::none), natural);
   EXPECT_EQ(heightWith(BKUKLayoutRoundingRule::even), 2 * std::ceil(natural / 2));
   EXPECT_EQ(heightWith(BKUKLayoutRoundingRule::odd), 2 * std::floor(natural / 2) + 1);
+  EXPECT_EQ(label->layoutRoundingOffset(), 2 * (label->cachedIntrinsicContentSize().height - natural));
   EXPECT_EQ(std::fmod(label->intrinsicContentSize().width, 1), 0);
   // A point more above the text moves it by two, and by two more when it is drawn.
   const bool isEven = std::fmod(natural, 2) == 0;
@@ -149,10 +150,8 @@ TEST_F(BKUKLabelTest, AnOperatorReplacesWhatIsMarked) {
   const auto own = make<BKUKCustomAttributeOperatorManager>();
   label->setCustomAttributeOperatorManager(own);
   own->setOperator(replacer);
-  auto attributes = label->attributes();
-  attributes.customAttribute = {"whole", "other"};
   label->setStringValue("text");
-  label->setAttributes(attributes);
+  label->setCustomAttribute({{"whole", "other"}});
   EXPECT_EQ(label->stringValue(), "other");
   label->setTextColor(NSColor::red());
   EXPECT_EQ(label->builder()->build()->attributes(0).object<NSColor>(NSForegroundColorAttributeName),
