@@ -57,8 +57,12 @@ void NSLayoutManager::drawBackground(NSRange forGlyphRange, NSPoint at) {
         const auto color = colorOf(piece.attributes, NSBackgroundColorAttributeName);
         if (!color) continue;
         context->cgContext()->setFillColor(color->cgColor());
+        // As high as the text that it is behind, however high others make the line.
+        const auto font = NSFontOf(piece.attributes);
+        const CGFloat top = at.y + line.baseline - NSBaselineOffsetOf(piece.attributes) - font->ascender();
         for (const auto& rect : rects(shared(piece.range, forGlyphRange), *container)) {
-          context->cgContext()->fill(rect.offsetBy(at.x, at.y));
+          context->cgContext()->fill(
+              {at.x + rect.minX(), top, rect.width(), font->ascender() - font->descender()});
         }
       }
     }
