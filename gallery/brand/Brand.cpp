@@ -3,11 +3,13 @@
 #include "BrenvikUIKit/BrenvikUIKit.h"
 #include "BrenvikUIKit/interaction/BKUKKeyFocusController.h"
 #include "gallery/brand/BrandPalette.h"
+#include "gallery/brand/BrandTypography.h"
 
 namespace bkuk::gallery {
 
 void installBrand() {
   BKUKTheme::setDefault(make<BrandPalette>());
+  registerBrandFonts();
   // The brand leaves the keyboard's place to the platform's ring, in its own colour.
   BKUKKeyFocusController::defaultDrawFocusRing = [] { return false; };
   NSColor::keyboardFocusIndicatorColor = [] {
