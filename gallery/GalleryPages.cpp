@@ -2,6 +2,7 @@
 #include "gallery/pages/AnimationPage.h"
 #include "gallery/pages/ColourRolesPage.h"
 #include "gallery/pages/FillsPage.h"
+#include "gallery/pages/FontsPage.h"
 #include "gallery/pages/KeyboardPage.h"
 #include "gallery/pages/LayoutPage.h"
 #include "gallery/pages/ShapesPage.h"
@@ -29,6 +30,7 @@ std::span<const GalleryPageEntry> galleryPages() {
       {"Keyboard", "keyboard", makePageOf<KeyboardPage>},
       {"Trigger", "trigger", makePageOf<TriggerPage>},
       {"Layout", "layout", makePageOf<LayoutPage>},
+      {"Fonts", "fonts", makePageOf<FontsPage>},
   };
   return pages;
 }

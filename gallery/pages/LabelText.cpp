@@ -1,0 +1,33 @@
+#include "gallery/pages/LabelText.h"
+
+#include <cmath>
+#include <cstdio>
+
+namespace bkuk::gallery {
+
+BKUKFontSettings cardText(double size, BKUKFontType type) {
+  return {BKUKTheme::onSurface(), size, type, NSTextAlignment::natural};
+}
+
+std::string_view nameOf(BKUKFontType type) {
+  constexpr std::string_view names[] = {"light", "regular", "bold", "thin"};
+  return names[static_cast<std::size_t>(type)];
+}
+
+std::string pointsText(double points) {
+  char number[32];
+  const double tenths = std::round(std::abs(points) * 10) / 10;
+  std::snprintf(number, sizeof number, "%g pt", tenths);
+  return (points < 0 ? "\u2212" : "") + std::string(number);
+}
+
+CGFloat heightOfText(const BKUKLabel& label, CGFloat width) {
+  const auto text = label.builder()->build();
+  const CGFloat lines =
+      text->boundingRect({width, 0}, NSStringDrawingOptions::usesLineFragmentOrigin).height();
+  const auto& font = label.font();
+  const CGFloat padding = font ? label.topTextPadding()(*font) + label.bottomTextPadding()(*font) : 0;
+  return std::ceil(lines) + padding;
+}
+
+}  // namespace bkuk::gallery
