@@ -5,6 +5,7 @@
 #include "gallery/pages/FontsPage.h"
 #include "gallery/pages/KeyboardPage.h"
 #include "gallery/pages/LayoutPage.h"
+#include "gallery/pages/MarkupPage.h"
 #include "gallery/pages/ShapesPage.h"
 #include "gallery/pages/StatesPage.h"
 #include "gallery/pages/TriggerPage.h"
@@ -31,6 +32,7 @@ std::span<const GalleryPageEntry> galleryPages() {
       {"Trigger", "trigger", makePageOf<TriggerPage>},
       {"Layout", "layout", makePageOf<LayoutPage>},
       {"Fonts", "fonts", makePageOf<FontsPage>},
+      {"Markup", "markup", makePageOf<MarkupPage>},
   };
   return pages;
 }
