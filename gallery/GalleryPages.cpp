@@ -4,6 +4,7 @@
 #include "gallery/pages/FillsPage.h"
 #include "gallery/pages/FontsPage.h"
 #include "gallery/pages/KeyboardPage.h"
+#include "gallery/pages/LabelPage.h"
 #include "gallery/pages/LayoutPage.h"
 #include "gallery/pages/MarkupPage.h"
 #include "gallery/pages/ShapesPage.h"
@@ -33,6 +34,7 @@ std::span<const GalleryPageEntry> galleryPages() {
       {"Layout", "layout", makePageOf<LayoutPage>},
       {"Fonts", "fonts", makePageOf<FontsPage>},
       {"Markup", "markup", makePageOf<MarkupPage>},
+      {"Label", "label", makePageOf<LabelPage>},
   };
   return pages;
 }
