@@ -5,6 +5,7 @@
 #include "gallery/pages/FontsPage.h"
 #include "gallery/pages/KeyboardPage.h"
 #include "gallery/pages/LabelPage.h"
+#include "gallery/pages/LanguagesPage.h"
 #include "gallery/pages/LayoutPage.h"
 #include "gallery/pages/MarkupPage.h"
 #include "gallery/pages/ShapesPage.h"
@@ -35,6 +36,7 @@ std::span<const GalleryPageEntry> galleryPages() {
       {"Fonts", "fonts", makePageOf<FontsPage>},
       {"Markup", "markup", makePageOf<MarkupPage>},
       {"Label", "label", makePageOf<LabelPage>},
+      {"Languages", "languages", makePageOf<LanguagesPage>},
   };
   return pages;
 }
