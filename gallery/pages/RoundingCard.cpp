@@ -20,8 +20,8 @@ constexpr std::pair<Rule, const char*> rules[] = {
 constexpr double sizes[] = {14, 16};
 
 std::string remarkOn(double natural, double rounded) {
-  const auto height = pointsText(natural) + " high";
-  return natural == rounded ? height : height + ", rounded to " + pointsText(rounded);
+  const auto height = pointsText(natural);
+  return natural == rounded ? height + " high" : height + ", rounded to " + pointsText(rounded);
 }
 
 Ref<Specimen> makeRoundingSpecimen(double size, Rule rule, const char* name) {

@@ -25,7 +25,7 @@ Ref<Card> makeLetterSpacingCard() {
     specimens.push_back(make<Specimen>(make<LabelBox>(label), pointsText(spacing), "After each letter"));
   }
   return make<SpecimenCard>("Letter spacing", "Added to what the face leaves between its letters",
-                            SpecimenCard::Cells{.height = 48, .narrowest = 130, .maxColumns = 4},
+                            SpecimenCard::Cells{.height = 48, .narrowest = 150, .maxColumns = 4},
                             std::move(specimens));
 }
 

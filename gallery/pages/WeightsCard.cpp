@@ -60,7 +60,7 @@ Ref<Card> makeWeightsCard() {
         make<Specimen>(shown, std::string(nameOf(type)), BKUKFontManager::Font(type, sizes[0])->fontName()));
   }
   return make<SpecimenCard>("Types", "The faces that stand for the four weights, in 12, 16, 22 and 32 points",
-                            SpecimenCard::Cells{.height = height, .narrowest = 130, .maxColumns = 4},
+                            SpecimenCard::Cells{.height = height, .narrowest = 96, .maxColumns = 4},
                             std::move(specimens));
 }
 
