@@ -2,7 +2,6 @@
 #include <string>
 #include <utility>
 
-#include "gallery/chrome/Described.h"
 #include "gallery/chrome/Direction.h"
 #include "gallery/pages/FontCards.h"
 #include "gallery/pages/LabelText.h"

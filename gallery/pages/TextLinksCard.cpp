@@ -23,6 +23,14 @@ constexpr const char* markup =
     "Before you go aboard, look at the [timetable]timetable[/timetable], compare the "
     "[fares]fares for cars and trailers[/fares] and ask for the [weather]weather[/weather].";
 
+// Lines so far apart that the ring around a link covers none of its neighbours.
+BKUKFontSettings spacedText() {
+  const auto paragraph = make<NSMutableParagraphStyle>();
+  paragraph->setLineSpacing(8);
+  return cardText(16).withCustomAttribute(
+      BKUKFontSettings::CustomAttribute(NSParagraphStyleAttributeName, paragraph));
+}
+
 class TextLinksCard : public Card {
  public:
   TextLinksCard() : Card("Links", "Clicked, or reached with Tab and pressed with space or return") {}
@@ -32,7 +40,7 @@ class TextLinksCard : public Card {
  protected:
   void didInit() override {
     Card::didInit();
-    const auto plain = cardText(16);
+    const auto plain = spacedText();
     const auto link = plain.with({.color = BKUKTheme::accentHighContrast()})
                           .withUnderline(NSUnderlineStyle::single, nullptr);
     const Action follow = [card = Weak<TextLinksCard>(this)](const std::string& name) {
