@@ -30,13 +30,14 @@ Family inter() {
            {Type::bold, "Inter-Bold"}}};
 }
 
-// The lightest face stands for both light weights: there is none between it and the regular one.
+// The one light face, which is not in the basic package, stands for both light types.
 Family dejaVu() {
+  const auto* light = NSFont::font("DejaVuSans-ExtraLight", 0) ? "DejaVuSans-ExtraLight" : "DejaVuSans";
   return {"/usr/share/fonts/truetype",
           "dejavu",
           "ttf",
-          {{Type::thin, "DejaVuSans-ExtraLight"},
-           {Type::light, "DejaVuSans-ExtraLight"},
+          {{Type::thin, light},
+           {Type::light, light},
            {Type::regular, "DejaVuSans"},
            {Type::bold, "DejaVuSans-Bold"}}};
 }

@@ -52,7 +52,7 @@ class BaselineRow : public Box {
 Texts sizes() {
   Texts texts;
   for (const double size : {11, 15, 21, 30}) {
-    texts.push_back(BKUKLabel::label("Fjord", cardText(size)));
+    texts.push_back(makeTightLabel("Fjord", cardText(size)));
   }
   return texts;
 }
@@ -64,7 +64,7 @@ Texts besideTextField() {
   synced->setShouldUseNSTextFieldSync(true);
   const auto field = NSTextField::labelWithString("Text field");
   apply(*field, style);
-  return {synced, field, BKUKLabel::label("Not in sync", style)};
+  return {synced, field, BKUKLabel::label("On its own", style)};
 }
 
 }  // namespace

@@ -21,13 +21,17 @@ std::string pointsText(double points) {
   return (points < 0 ? "\u2212" : "") + std::string(number);
 }
 
+Ref<BKUKLabel> makeTightLabel(std::string_view text, const BKUKFontSettings& style) {
+  const auto label = BKUKLabel::label(text, style);
+  const auto none = [](const NSFont&) { return 0.0; };
+  label->setTopTextPadding(none);
+  label->setBottomTextPadding(none);
+  return label;
+}
+
 CGFloat heightOfText(const BKUKLabel& label, CGFloat width) {
   const auto text = label.builder()->build();
-  const CGFloat lines =
-      text->boundingRect({width, 0}, NSStringDrawingOptions::usesLineFragmentOrigin).height();
-  const auto& font = label.font();
-  const CGFloat padding = font ? label.topTextPadding()(*font) + label.bottomTextPadding()(*font) : 0;
-  return std::ceil(lines) + padding;
+  return std::ceil(text->boundingRect({width, 0}, NSStringDrawingOptions::usesLineFragmentOrigin).height());
 }
 
 }  // namespace bkuk::gallery

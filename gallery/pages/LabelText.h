@@ -16,7 +16,12 @@ namespace bkuk::gallery {
 /// A number of points as people read it, with no more than one decimal.
 [[nodiscard]] std::string pointsText(double points);
 
-/// The height that the text of a label needs at that width, in points, whatever width the label has.
+/// A label that takes the height of its lines: it does not move its text as the family of the user's language
+/// asks, which may also take from the height.
+[[nodiscard]] Ref<BKUKLabel> makeTightLabel(std::string_view text, const BKUKFontSettings& style);
+
+/// The height of the lines of a label at that width, in points, whatever width the label has. A width of 0 is
+/// none.
 [[nodiscard]] CGFloat heightOfText(const BKUKLabel& label, CGFloat width);
 
 }  // namespace bkuk::gallery

@@ -11,7 +11,7 @@ constexpr double size = 19;
 }  // namespace
 
 LanguageCard::LanguageCard(const Sample& sample)
-    : Card(sample.name, ""), label_(BKUKLabel::label(sample.text, cardText(size))) {
+    : Card(sample.name, ""), label_(makeTightLabel(sample.text, cardText(size))) {
   if (const auto font = sample.face.empty() ? nullptr : NSFont::font(sample.face, size))
     label_->setFont(font);
   label_->setUserInterfaceLayoutDirection(sample.direction);

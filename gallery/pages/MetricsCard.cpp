@@ -25,7 +25,7 @@ class MetricsCard : public Card {
  protected:
   void didInit() override {
     Card::didInit();
-    word_ = BKUKLabel::label("Fjord", cardText(size));
+    word_ = makeTightLabel("Fjord", cardText(size));
     word_->setLineBreakMode(NSLineBreakMode::clipping);
     const auto& font = *word_->font();
     addRule("Ascender", font.ascender());

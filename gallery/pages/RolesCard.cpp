@@ -65,7 +65,7 @@ class RolesCard : public Card {
         make<TextLabel>(name, TextLabel::Style{.size = 12.5, .weight = 500, .color = role(Role::onSurface)}),
         make<TextLabel>(std::move(remark),
                         TextLabel::Style{.size = 11, .color = role(Role::onSurfaceSecondary)}),
-        BKUKLabel::label("Harbour light", look)};
+        makeTightLabel("Harbour light", look)};
     row.sample->setLineBreakMode(NSLineBreakMode::truncatingTail);
     addSubview(row.name);
     addSubview(row.remark);

@@ -18,7 +18,7 @@ constexpr CGFloat lineGap = 6;
 class SizesView : public NSView {
  public:
   explicit SizesView(BKUKFontType type) {
-    for (const double size : sizes) labels_.push_back(BKUKLabel::label("Fjord", cardText(size, type)));
+    for (const double size : sizes) labels_.push_back(makeTightLabel("Fjord", cardText(size, type)));
   }
 
   [[nodiscard]] bool isFlipped() const override { return true; }
