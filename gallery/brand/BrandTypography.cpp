@@ -1,7 +1,7 @@
 #include "gallery/brand/BrandTypography.h"
 
 #include <algorithm>
-#include <string_view>
+#include <optional>
 
 #include "BrenvikUIKit/BrenvikUIKit.h"
 
@@ -12,34 +12,20 @@ namespace {
 using Type = BKUKFontType;
 using Identifiers = BKUKFontLoader::Identifiers;
 
-/// A family and where its package puts the files.
-struct Family {
-  std::string_view resourcePath;
-  std::string_view directory;
-  std::string_view extension;
-  Identifiers faces;
-};
-
-Family inter() {
-  return {"/usr/share/fonts/opentype",
-          "inter",
-          "otf",
-          {{Type::thin, "Inter-Thin"},
-           {Type::light, "Inter-Light"},
-           {Type::regular, "Inter-Regular"},
-           {Type::bold, "Inter-Bold"}}};
+Identifiers inter() {
+  return {{Type::thin, "Inter-Thin"},
+          {Type::light, "Inter-Light"},
+          {Type::regular, "Inter-Regular"},
+          {Type::bold, "Inter-Bold"}};
 }
 
 // The one light face, which is not in the basic package, stands for both light types.
-Family dejaVu() {
+Identifiers dejaVu() {
   const auto* light = NSFont::font("DejaVuSans-ExtraLight", 0) ? "DejaVuSans-ExtraLight" : "DejaVuSans";
-  return {"/usr/share/fonts/truetype",
-          "dejavu",
-          "ttf",
-          {{Type::thin, light},
-           {Type::light, light},
-           {Type::regular, "DejaVuSans"},
-           {Type::bold, "DejaVuSans-Bold"}}};
+  return {{Type::thin, light},
+          {Type::light, light},
+          {Type::regular, "DejaVuSans"},
+          {Type::bold, "DejaVuSans-Bold"}};
 }
 
 Identifiers desktopFace() {
@@ -47,18 +33,12 @@ Identifiers desktopFace() {
   return {{Type::thin, name}, {Type::light, name}, {Type::regular, name}, {Type::bold, name}};
 }
 
-bool isComplete(const Identifiers& faces) {
-  return std::ranges::all_of(faces, [](const auto& face) { return NSFont::font(face.second, 0) != nullptr; });
-}
-
-void registerFamily() {
-  auto& loader = BKUKFontLoader::shared();
-  for (const auto& family : {inter(), dejaVu()}) {
-    const auto& bundle = NSBundle::bundle(family.resourcePath);
-    if (isComplete(loader.registerLocalizedFonts(bundle, family.directory, family.extension, family.faces)))
-      return;
-  }
-  loader.registerFont(desktopFace());
+/// False when one of the faces is not there. Files among the program's resources go before installed faces.
+bool registerFamily(const Identifiers& faces) {
+  const auto registered =
+      BKUKFontLoader::shared().registerLocalizedFonts(NSBundle::main(), "fonts", std::nullopt, faces);
+  return std::ranges::all_of(registered,
+                             [](const auto& face) { return NSFont::font(face.second, 0) != nullptr; });
 }
 
 double sizeOf(BKUKBrandFont style) {
@@ -106,12 +86,12 @@ BKUKFontType typeOf(BKUKBrandFont style) {
 }  // namespace
 
 void registerBrandFonts() {
-  registerFamily();
+  auto& loader = BKUKFontLoader::shared();
+  if (!registerFamily(inter()) && !registerFamily(dejaVu())) loader.registerFont(desktopFace());
   BKUKBrandFont::size = sizeOf;
   BKUKBrandFont::type = typeOf;
   // The brand's faces need no help to lie in the middle.
   const auto none = [](const NSFont&) { return 0.0; };
-  auto& loader = BKUKFontLoader::shared();
   loader.setLabelLocalizedOffsets(none, none);
   loader.setTextFieldLocalizedOffsets(none, none);
 }
