@@ -18,8 +18,7 @@ namespace {
 using Link = BKUKInteractiveLabel::LinkFrame;
 
 constexpr std::uint16_t tabKeyCode = 48;
-constexpr CGFloat ringMargin = 2;  // points around the text
-constexpr CGFloat ringRadius = 3;
+constexpr CGFloat ringRadius = 3;  // points
 
 // Where links lie in a text of which pieces were replaced.
 RangeFinder::Ranges linkRanges(const NSAttributedString& text) {
@@ -265,7 +264,7 @@ void BKUKInteractiveLabel::keyDown(NSEvent& event) {
 NSRect BKUKInteractiveLabel::focusRingMaskBounds() {
   const auto link = focusedLink();
   const auto frame = link ? link->accessibilityFrameInParentSpace() : std::nullopt;
-  return frame ? frame->insetBy(-ringMargin, -ringMargin) : NSRect{};
+  return frame.value_or(NSRect{});
 }
 
 void BKUKInteractiveLabel::drawFocusRingMask() {
@@ -273,7 +272,7 @@ void BKUKInteractiveLabel::drawFocusRingMask() {
   if (!link) return;
   NSColor::black()->setFill();
   for (const auto& rect : rects(*link)) {
-    NSBezierPath::roundedRect(rect.insetBy(-ringMargin, 0), ringRadius, ringRadius)->fill();
+    NSBezierPath::roundedRect(rect, ringRadius, ringRadius)->fill();
   }
 }
 

@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "gallery/brand/BrandFont.h"
-#include "platform/appkit/NSTruncatedLine.h"
 
 namespace bkuk::gallery {
 
@@ -55,13 +54,22 @@ CGFloat TextLabel::startOf(const CTLine& line) const {
 }
 
 void TextLabel::draw(NSRect) {
-  const bool fits = line_->width() <= bounds().width() + 0.5;
-  const auto line = fits ? line_
-                         : NSTruncatedLine(NSString(text_), brandFont(style_.size, style_.weight),
-                                           bounds().width(), NSLineBreakMode::truncatingTail);
-  const CGFloat baseline = (bounds().height() + line->ascent() - line->descent()) / 2;
-  line->draw(*NSGraphicsContext::current()->cgContext(), {startOf(*line), baseline},
-             *style_.color()->cgColor());
+  const CGFloat height = line_->ascent() + line_->descent();
+  const CGFloat top = (bounds().height() - height) / 2;
+  if (line_->width() > bounds().width() + 0.5) return drawTruncated({0, top, bounds().width(), height});
+  line_->draw(*NSGraphicsContext::current()->cgContext(), {startOf(*line_), top + line_->ascent()},
+              *style_.color()->cgColor());
+}
+
+void TextLabel::drawTruncated(NSRect rect) const {
+  const auto face = brandFont(style_.size, style_.weight);
+  const auto style = make<NSMutableParagraphStyle>();
+  style->setLineBreakMode(NSLineBreakMode::truncatingTail);
+  const NSAttributedString text(NSString(text_),
+                                {{NSFontAttributeName, make<NSFont>(face->postScriptName(), face)},
+                                 {NSForegroundColorAttributeName, style_.color()},
+                                 {NSParagraphStyleAttributeName, style}});
+  text.draw(rect);
 }
 
 }  // namespace bkuk::gallery

@@ -40,6 +40,7 @@ class TextLabel : public NSView {
  private:
   [[nodiscard]] CGFloat startOf(const CTLine& line) const;
   void shape();
+  void drawTruncated(NSRect rect) const;
 
   std::string text_;
   Style style_;

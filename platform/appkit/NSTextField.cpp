@@ -174,6 +174,13 @@ NSSize NSTextField::intrinsicContentSize() const {
       std::ceil(size.height)};
 }
 
+// A new size moves the text, and the baselines that constraints go by.
+void NSTextField::layout() {
+  NSControl::layout();
+  const CGFloat first = firstBaselineOffsetFromTop();
+  if (std::exchange(toldFirstBaseline_, first) != first) invalidateIntrinsicContentSize();
+}
+
 // Text that is lower than the field stands in its middle.
 CGFloat NSTextField::top() const {
   return std::max(0.0, (bounds().height() - laidOut().usedRect(*container_).height()) / 2);

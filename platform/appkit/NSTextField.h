@@ -65,6 +65,7 @@ class NSTextField : public NSControl {
   void mouseDown(NSEvent& event) override;
 
   [[nodiscard]] bool isFlipped() const override { return true; }
+  void layout() override;
   void draw(NSRect dirtyRect) override;
 
   /// The text with two points on each side; no width while the field is editable.
@@ -101,6 +102,7 @@ class NSTextField : public NSControl {
   bool drawsBackground_ = true;
   bool bezeled_ = true;
   bool bordered_ = false;
+  CGFloat toldFirstBaseline_ = -1;  // to the constraints
   // Brought up to date when it is needed.
   mutable bool storageIsStale_ = true;
   Ref<NSTextStorage> storage_ = make<NSTextStorage>();

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "platform/appkit/NSLayoutConstraint.h"
 #include "platform/appkit/NSTextField.h"
 #include "platform/appkit/NSWindow.h"
 #include "testing/VirtualHostScope.h"
@@ -81,6 +82,21 @@ TEST(NSTextField, TellsAndShowsAttributes) {
   shown.field->setFrameSize({100, height});
   EXPECT_LT(shown.field->lastBaselineOffsetFromBottom(), before.height);
   EXPECT_LT(shown.field->firstBaselineOffsetFromTop(), before.height);
+}
+
+TEST(NSTextField, TellsConstraintsItsBaselineAtEachSize) {
+  Field shown;
+  shown.field->setTranslatesAutoresizingMaskIntoConstraints(false);
+  const auto height = shown.field->heightAnchor()->constraintEqualToConstant(20);
+  const auto top = shown.window->contentView()->topAnchor();
+  shown.field->firstBaselineAnchor()->constraintEqualTo(top, 25)->setActive(true);
+  for (const CGFloat size : {20, 31}) {
+    height->setConstant(size);
+    height->setActive(true);
+    shown.host->settle();
+    const CGFloat above = 40 - shown.field->frame().maxY();
+    EXPECT_NEAR(above + shown.field->firstBaselineOffsetFromTop(), 25, 1e-4) << size;
+  }
 }
 
 TEST(NSTextField, AStaticFieldLeavesPointerAndKeyboardToOthers) {
