@@ -255,7 +255,10 @@ void NSTypesetter::align(NSLineFragment& line, const Paragraph& paragraph) {
   // Indents are on the side where the paragraph's lines begin.
   CGFloat left = padding + indent(paragraph);
   if (line.isRightToLeft && isWidthLimited_) left = options_.size.width - left - full;
-  const CGFloat share = shareOf(alignment, isInterfaceRightToLeft, line.isRightToLeft);
+  // Of a line that is too long the beginning is seen, whatever its alignment.
+  const bool overflows = isWidthLimited_ && line.setting.width > full;
+  const auto placed = overflows ? NSTextAlignment::justified : alignment;
+  const CGFloat share = shareOf(placed, isInterfaceRightToLeft, line.isRightToLeft);
   if (isWidthLimited_) left += (full - line.setting.width) * share;
   line.setting.left = left;
   line.usedRect.origin.x = left - padding;

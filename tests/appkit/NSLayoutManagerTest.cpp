@@ -116,6 +116,10 @@ TEST_F(NSLayoutManagerTest, AlignsLinesWithinTheContainerAndTheInterface) {
   }
   manager->setUserInterfaceLayoutDirection(NSUserInterfaceLayoutDirection::rightToLeft);
   EXPECT_NEAR(left(), 100 - width, 1e-9) << "natural is where the interface begins";
+  style->setLineBreakMode(NSLineBreakMode::clipping);
+  set("ab", width / 2);
+  EXPECT_EQ(left(), 0) << "of a line that is too long the beginning is seen";
+  style->setLineBreakMode(NSLineBreakMode::wordWrapping);
   // Without a width to go by, the widest line is the measure.
   style->setAlignment(NSTextAlignment::right);
   set("ab\nabcd");

@@ -95,6 +95,26 @@ class X11Test(unittest.TestCase):
             wait_until(lambda: label.name != before, 'a label that follows')
             bus.wait_for(label, 'PropertyChange', 'accessible-name', 0)
 
+    def test_links_in_a_text_are_pressed_and_focused(self):
+        with X11() as desktop:
+            bus, _, window, shown = self.open(desktop, '--page', 'label')
+            desktop.focus(shown)
+            bus.wait_for(window, 'Activate', '', 0)
+            timetable, weather = window.find('link', 'timetable'), window.find('link', 'weather')
+            self.assertEqual(timetable.parent.role, 'label')
+            self.assertIn('look at the timetable', timetable.parent.name)
+            left, top, width, height = weather.extents
+            self.assertEqual(window.at(left + width // 2, top + height // 2), weather)
+            self.assertTrue(timetable.act('Press'))
+            wait_until(lambda: any('timetable' in each.name and each.role != 'link' and each != timetable.parent
+                                   for each in window.all()), 'a remark on the link')
+            self.assertTrue(weather.grab_focus())
+            bus.wait_for(weather, 'StateChanged', 'focused', 1)
+            desktop.type_key('Left')
+            desktop.type_key('Left')
+            bus.wait_for(timetable, 'StateChanged', 'focused', 1)
+            self.assertNotIn('focused', weather.states)
+
     def test_what_a_turned_page_held_is_gone(self):
         with X11() as desktop:
             bus, program, window, _ = self.open(desktop)
