@@ -10,8 +10,10 @@ namespace bkuk::host {
 
 namespace {
 
-// Each unit costs as much as its piece is long, so long paragraphs are read in pieces.
+// A unit costs as much as its piece has changes of direction, and is long, so long paragraphs, and those that
+// change direction all the time, are read in pieces.
 constexpr std::size_t longestPiece = 2048;
+constexpr std::size_t mostChanges = 128;
 constexpr int pixelSize = 64;
 
 /// Units that have one direction whatever is around them, and where they stand.
@@ -23,10 +25,30 @@ struct Group {
   std::size_t rank = 0;
 };
 
+bool isDirected(QChar::Direction kind) {
+  return kind == QChar::DirL || kind == QChar::DirR || kind == QChar::DirAL || kind == QChar::DirEN ||
+         kind == QChar::DirAN;
+}
+
+// Where a piece has as many units, or changes of direction, as it may.
+std::size_t limitOfPiece(std::u16string_view text, std::size_t from) {
+  const std::size_t limit = std::min(text.size(), from + longestPiece);
+  std::size_t changes = 0;
+  auto before = QChar::DirON;
+  for (std::size_t i = from; i < limit; ++i) {
+    const auto kind = QChar(text[i]).direction();
+    if (!isDirected(kind) || kind == before) continue;
+    before = kind;
+    if (++changes > mostChanges) return i;
+  }
+  return limit;
+}
+
 std::size_t endOfPiece(std::u16string_view text, std::size_t from) {
-  if (text.size() - from <= longestPiece) return text.size();
-  std::size_t end = from + longestPiece;
-  for (std::size_t i = end; i > from + longestPiece / 2; --i) {
+  std::size_t end = limitOfPiece(text, from);
+  if (end == text.size()) return end;
+  const std::size_t length = end - from;
+  for (std::size_t i = end; i > from + length / 2; --i) {
     if (isSpace(text[i - 1])) return i;
   }
   while (end < text.size() && end < from + 2 * longestPiece && continuesCharacter(text, end)) ++end;

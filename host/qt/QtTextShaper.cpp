@@ -13,6 +13,7 @@ namespace bkuk::host {
 namespace {
 
 constexpr std::size_t longestRemembered = 256;
+constexpr std::size_t mostWordsTogether = 16;
 
 }  // namespace
 
@@ -45,12 +46,12 @@ class QtTextShaper::Setter {
     const bool isRightToLeft = span.direction == TextDirection::rightToLeft;
     while (from < to) {
       const auto rest = text_.substr(from, to - from);
-      const auto text = rest.substr(0, endOfWord(rest, 0));
+      const std::size_t length = endOfWord(rest, 0);
       // Spaces are the same in both directions.
-      const auto direction = isSpace(text[0]) ? TextDirection::leftToRight : span.direction;
-      words_.push_back({shaper_.word(text, run(), direction), from, run().size, run().kern,
+      const auto direction = isSpace(rest[0]) ? TextDirection::leftToRight : span.direction;
+      words_.push_back({shaper_.word(rest, length, run(), direction), from, run().size, run().kern,
                         span.rank * (text_.size() + 1), isRightToLeft});
-      from += text.size();
+      from += length;
     }
   }
 
@@ -92,13 +93,34 @@ std::shared_ptr<const TextParagraph> QtTextShaper::shape(std::u16string_view tex
   return std::make_shared<QtTextParagraph>(std::u16string(text), direction, setter.take(), rawFonts_);
 }
 
-std::shared_ptr<const ShapedWord> QtTextShaper::word(std::u16string_view text, const StyledRun& run,
-                                                     TextDirection direction) {
+std::shared_ptr<const ShapedWord> QtTextShaper::word(std::u16string_view text, std::size_t length,
+                                                     const StyledRun& run, TextDirection direction) {
+  const auto word = text.substr(0, length);
   const Style style{run.face->id(), run.usesPairKerning, direction, 0, 0};
-  if (const auto* found = words_.find(Lookup{style, text})) return *found;
+  if (const auto* found = words_.find(Lookup{style, word})) return *found;
+  const bool sharesLine = direction == TextDirection::leftToRight && mayShareLine(word);
+  if (sharesLine && length < text.size()) return shapeNewWords(text, length, run, style);
   ++shapedWordCount_;
-  return words_.insert({style, std::u16string(text)},
-                       shapeWord(text, {run.face, run.usesPairKerning, direction}, *rawFonts_));
+  return words_.insert({style, std::u16string(word)},
+                       shapeWord(word, {run.face, run.usesPairKerning, direction}, *rawFonts_));
+}
+
+// Where one word is new, those behind it mostly are too: they are shaped along with it.
+std::shared_ptr<const ShapedWord> QtTextShaper::shapeNewWords(std::u16string_view text, std::size_t length,
+                                                              const StyledRun& run, const Style& style) {
+  std::vector<std::u16string_view> words{text.substr(0, length)};
+  const std::size_t end = std::min(text.size(), longestRemembered);
+  for (std::size_t at = length; at < end && words.size() < mostWordsTogether;) {
+    const auto word = text.substr(at, endOfWord(text, at) - at);
+    at += word.size();
+    const bool isNew = mayShareLine(word) && std::ranges::find(words, word) == words.end() &&
+                       !words_.find(Lookup{style, word});
+    if (isNew) words.push_back(word);
+  }
+  shapedWordCount_ += words.size();
+  const auto shaped = shapeWords(words, {run.face, run.usesPairKerning, style.direction}, *rawFonts_);
+  for (std::size_t i = 0; i < words.size(); ++i) words_.insert({style, std::u16string(words[i])}, shaped[i]);
+  return shaped.front();
 }
 
 }  // namespace bkuk::host

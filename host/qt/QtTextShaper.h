@@ -78,8 +78,11 @@ class QtTextShaper {
   [[nodiscard]] std::shared_ptr<const TextParagraph> shape(std::u16string_view text,
                                                            std::span<const StyledRun> runs,
                                                            TextDirection direction);
-  [[nodiscard]] std::shared_ptr<const ShapedWord> word(std::u16string_view text, const StyledRun& run,
-                                                       TextDirection direction);
+  /// The word at the front of `text`, which is all in one run and direction.
+  [[nodiscard]] std::shared_ptr<const ShapedWord> word(std::u16string_view text, std::size_t length,
+                                                       const StyledRun& run, TextDirection direction);
+  [[nodiscard]] std::shared_ptr<const ShapedWord> shapeNewWords(std::u16string_view text, std::size_t length,
+                                                                const StyledRun& run, const Style& style);
 
   Cache<std::shared_ptr<const ShapedWord>> words_{8192};
   Cache<std::shared_ptr<const TextParagraph>> paragraphs_{4096};

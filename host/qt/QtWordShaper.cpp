@@ -4,6 +4,7 @@
 #include <QtGui/QTextLayout>
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <utility>
 
 #include "host/qt/TextCharacters.h"
@@ -14,6 +15,7 @@ namespace {
 
 constexpr double em = QtFace::layoutSize;
 constexpr double spacing = 1.0 / 64;
+constexpr QChar separator(0x2003);  // an em space, to which no face kerns its letters
 
 bool runsAgainst(QChar c, TextDirection direction) {
   const auto kind = c.direction();
@@ -43,26 +45,82 @@ struct PlacedGlyph {
   QPointF position;  // pixels, y down from the baseline
 };
 
-/// Shapes one word and reads off where its characters and glyphs are.
-class WordReader {
+/// A text that is shaped on one line.
+class ShapedLine {
  public:
-  WordReader(std::u16string_view text, const WordStyle& style)
-      : isRightToLeft_(style.direction == TextDirection::rightToLeft),
-        layout_(overridden(shapeable(text), style.direction), style.face->layoutFont(style.usesPairKerning)),
-        offset_(static_cast<int>(layout_.text().size()) - static_cast<int>(text.size())) {
+  ShapedLine(const QString& text, const WordStyle& style)
+      : layout_(text, style.face->layoutFont(style.usesPairKerning)) {
+    const bool isRightToLeft = style.direction == TextDirection::rightToLeft;
     QTextOption option;
     option.setWrapMode(QTextOption::NoWrap);
-    option.setTextDirection(isRightToLeft_ ? Qt::RightToLeft : Qt::LeftToRight);
+    option.setTextDirection(isRightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
     option.setUseDesignMetrics(true);
     option.setFlags(QTextOption::IncludeTrailingSpaces);
     option.setAlignment(Qt::AlignLeft | Qt::AlignAbsolute);
     layout_.setTextOption(option);
-    // Otherwise the end of the layout forgets the glyphs, and the first question shapes the word again.
+    // Otherwise the end of the layout forgets the glyphs, and the first question shapes the text again.
     layout_.setCacheEnabled(true);
     layout_.beginLayout();
     line_ = layout_.createLine();
     layout_.endLayout();
-    findCharacters(static_cast<int>(text.size()));
+  }
+
+  [[nodiscard]] bool startsCharacter(int index) const {
+    return layout_.text()[index].unicode() < 0x300 || layout_.isValidCursorPosition(index);
+  }
+  [[nodiscard]] const QTextLine& line() const { return line_; }
+
+  [[nodiscard]] std::vector<PlacedGlyph> glyphs(int from, int length) const {
+    std::vector<PlacedGlyph> found;
+    for (const auto& run : line_.glyphRuns(from, length)) {
+      const auto indexes = run.glyphIndexes();
+      const auto positions = run.positions();
+      for (qsizetype i = 0; i < indexes.size(); ++i) {
+        found.push_back({indexes[i], run.rawFont(), positions[i] - QPointF(0, line_.ascent())});
+      }
+    }
+    return found;
+  }
+
+ private:
+  QTextLayout layout_;
+  QTextLine line_;
+};
+
+// Whether each unit of a line that runs from left to right has one glyph, one behind the other.
+bool standOneToOne(const std::vector<PlacedGlyph>& glyphs, qsizetype units) {
+  const auto standsBefore = [](const PlacedGlyph& a, const PlacedGlyph& b) {
+    return a.position.x() < b.position.x();
+  };
+  return static_cast<qsizetype>(glyphs.size()) == units &&
+         std::ranges::adjacent_find(glyphs, std::not_fn(standsBefore)) == glyphs.end();
+}
+
+// The word of such glyphs; another one follows them.
+std::shared_ptr<const ShapedWord> plainWord(const PlacedGlyph* glyphs, std::size_t length,
+                                            QtRawFonts& rawFonts) {
+  ShapedWord word;
+  word.characterCount = static_cast<int>(length);
+  for (std::size_t i = 0; i < length; ++i) {
+    const auto& glyph = glyphs[i];
+    const double advance = (glyphs[i + 1].position.x() - glyph.position.x() - spacing) / em;
+    word.units.push_back({std::max(0.0, advance), true});
+    word.glyphs.push_back({glyph.index, rawFonts.number(glyph.font), static_cast<std::uint32_t>(i), 0,
+                           glyph.position.y() / em});
+    word.width += word.units.back().advance;
+  }
+  return std::make_shared<const ShapedWord>(std::move(word));
+}
+
+/// Reads off where the characters and glyphs of one word of a line are.
+class WordReader {
+ public:
+  WordReader(const ShapedLine& shaped, int offset, int length, TextDirection direction)
+      : isRightToLeft_(direction == TextDirection::rightToLeft),
+        shaped_(shaped),
+        line_(shaped.line()),
+        offset_(offset) {
+    findCharacters(length);
   }
 
   [[nodiscard]] std::shared_ptr<const ShapedWord> word(QtRawFonts& rawFonts) {
@@ -73,10 +131,8 @@ class WordReader {
 
  private:
   void findCharacters(int length) {
-    const QString& text = layout_.text();
     for (int i = 0; i < length; ++i) {
-      const bool standsAlone = text[i + offset_].unicode() < 0x300;
-      if (i == 0 || standsAlone || layout_.isValidCursorPosition(i + offset_)) starts_.push_back(i);
+      if (i == 0 || shaped_.startsCharacter(i + offset_)) starts_.push_back(i);
     }
     ends_.assign(starts_.begin() + 1, starts_.end());
     ends_.push_back(length);
@@ -94,18 +150,6 @@ class WordReader {
       word_.width += advance;
     }
     word_.characterCount = static_cast<int>(starts_.size());
-  }
-
-  [[nodiscard]] std::vector<PlacedGlyph> glyphs(int from, int length) const {
-    std::vector<PlacedGlyph> found;
-    for (const auto& run : line_.glyphRuns(from, length)) {
-      const auto indexes = run.glyphIndexes();
-      const auto positions = run.positions();
-      for (qsizetype i = 0; i < indexes.size(); ++i) {
-        found.push_back({indexes[i], run.rawFont(), positions[i] - QPointF(0, line_.ascent())});
-      }
-    }
-    return found;
   }
 
   void add(const PlacedGlyph& glyph, std::size_t character, QtRawFonts& rawFonts) {
@@ -131,14 +175,14 @@ class WordReader {
   }
 
   void readGlyphs(QtRawFonts& rawFonts) {
-    const auto all = glyphs(-1, -1);
+    const auto all = shaped_.glyphs(offset_, ends_.back());
     if (standsOneToOne(all)) {
       for (std::size_t i = 0; i < all.size(); ++i) add(all[i], characterFromLeft(i), rawFonts);
       return;
     }
     std::vector<bool> isTaken(all.size());
     for (std::size_t i = 0; i < starts_.size(); ++i) {
-      for (const auto& glyph : glyphs(starts_[i] + offset_, ends_[i] - starts_[i]))
+      for (const auto& glyph : shaped_.glyphs(starts_[i] + offset_, ends_[i] - starts_[i]))
         take(glyph, all, isTaken, i, rawFonts);
     }
   }
@@ -155,9 +199,9 @@ class WordReader {
   }
 
   bool isRightToLeft_;
-  QTextLayout layout_;
-  int offset_;  // of the word in what is laid out
-  QTextLine line_;
+  const ShapedLine& shaped_;
+  const QTextLine& line_;
+  int offset_;  // of the word in the line
   std::vector<int> starts_;
   std::vector<int> ends_;
   std::vector<double> lefts_;
@@ -168,7 +212,30 @@ class WordReader {
 
 std::shared_ptr<const ShapedWord> shapeWord(std::u16string_view text, const WordStyle& style,
                                             QtRawFonts& rawFonts) {
-  return WordReader(text, style).word(rawFonts);
+  const QString line = overridden(shapeable(text), style.direction);
+  const auto length = static_cast<int>(text.size());
+  return WordReader(ShapedLine(line, style), static_cast<int>(line.size()) - length, length, style.direction)
+      .word(rawFonts);
+}
+
+std::vector<std::shared_ptr<const ShapedWord>> shapeWords(std::span<const std::u16string_view> words,
+                                                          const WordStyle& style, QtRawFonts& rawFonts) {
+  QString text;
+  for (const auto& word : words) text += shapeable(word) + separator;
+  const ShapedLine line(text, style);
+  const auto glyphs = line.glyphs(-1, -1);
+  const bool isPlain = standOneToOne(glyphs, text.size());
+  std::vector<std::shared_ptr<const ShapedWord>> shaped;
+  std::size_t offset = 0;
+  for (const auto& word : words) {
+    const auto read = [&] {
+      const auto length = static_cast<int>(word.size());
+      return WordReader(line, static_cast<int>(offset), length, style.direction).word(rawFonts);
+    };
+    shaped.push_back(isPlain ? plainWord(&glyphs[offset], word.size(), rawFonts) : read());
+    offset += word.size() + 1;
+  }
+  return shaped;
 }
 
 }  // namespace bkuk::host

@@ -181,5 +181,21 @@ TEST_F(TextParagraphTest, InkLiesWithinTheOutlines) {
   EXPECT_EQ(shape(u" ")->line(0, 1)->inkBounds(), Rect{});
 }
 
+TEST_F(TextParagraphTest, WordsThatAreNewTogetherAreSetAsEachAlone) {
+  const std::u16string text = u"AVAst, To: fiffig wAVe AVAst";
+  const auto together = shape(text)->line(0, text.size());
+  EXPECT_EQ(fonts.shapedWordCount(), 6u) << "five words and the space";
+  QtFonts others;
+  const auto same = others.font("DejaVuSans", 16);
+  for (std::size_t from = 0; from < text.size(); from = text.find(u' ', from) + 1) {
+    const std::size_t end = std::min(text.find(u' ', from), text.size());
+    const auto alone = same->shape(text.substr(from, end - from), leftToRight);
+    for (std::size_t i = from; i < end; ++i) {
+      EXPECT_NEAR(together->units()[i].advance, alone->units()[i - from].advance, 1e-3) << i;
+    }
+    if (end == text.size()) break;
+  }
+}
+
 }  // namespace
 }  // namespace bkuk::host
