@@ -86,8 +86,7 @@ void NSLayoutManager::drawGlyphs(NSRange forGlyphRange, NSPoint at) {
 void NSLayoutManager::drawLine(const NSLineFragment& line, NSRange range, NSPoint origin) {
   if (!storage_) return;
   const auto context = NSGraphicsContext::current()->cgContext();
-  const auto pieces = line.pieces(*storage_);
-  for (const auto& piece : pieces) {
+  for (const auto& piece : line.pieces(*storage_)) {
     const NSRange part = shared(piece.range, range);
     const bool isWhole = part == piece.range;
     if (!isWhole && part.length == 0) continue;
