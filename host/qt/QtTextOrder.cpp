@@ -56,7 +56,7 @@ std::size_t endOfPiece(std::u16string_view text, std::size_t from) {
 }
 
 QString plainLine(std::u16string_view text) {
-  QString line = QString::fromUtf16(text.data(), static_cast<qsizetype>(text.size()));
+  QString line = QStringView(text.data(), static_cast<qsizetype>(text.size())).toString();
   for (auto& c : line) {
     if (isSpace(c.unicode())) c = u' ';
   }

@@ -33,7 +33,7 @@ QString overridden(QString word, TextDirection direction) {
 }
 
 QString shapeable(std::u16string_view text) {
-  QString word = QString::fromUtf16(text.data(), static_cast<qsizetype>(text.size()));
+  QString word = QStringView(text.data(), static_cast<qsizetype>(text.size())).toString();
   for (auto& c : word) c = visibleForm(c);
   replaceLoneSurrogates(word);
   return word;

@@ -25,14 +25,16 @@ class Truncation {
       : line_(line), mode_(mode), advances_(line.whole->advances()) {}
 
   [[nodiscard]] NSFittedLine fit(CGFloat width) {
-    CGFloat room = width - shape({&ellipsis, 1}, ellipsisRuns(0), line_.direction)->width();
+    const NSRange everything{0, line_.text.size()};
+    NSRange hidden = hiddenFor(width - shape({&ellipsis, 1}, ellipsisRuns(0), line_.direction)->width());
     for (;;) {
-      const NSRange hidden = hiddenFor(room);
       auto shaped = shapeWithout(hidden);
       const CGFloat excess = shaped->width() - width;
-      if (excess <= tolerance || hidden.length == line_.text.size()) return {std::move(shaped), hidden, true};
-      // Letters beside the ellipsis look different from how they did within their word.
-      room = widthWithout(hidden) - excess;
+      if (excess <= tolerance || hidden == everything) return {std::move(shaped), hidden, true};
+      // Letters beside the ellipsis look different from how they did within their word. Where negative
+      // spacing sets letters over each other, less text may even be wider.
+      const NSRange more = hiddenFor(widthWithout(hidden) - excess);
+      hidden = more.length > hidden.length ? more : everything;
     }
   }
 

@@ -166,6 +166,10 @@ TEST_F(NSLayoutManagerTest, TruncationHidesWhatDoesNotFit) {
   EXPECT_EQ(manager->truncatedGlyphRange(0), (NSRange{0, 9})) << "an ellipsis stays";
   set("The quick", widthOf("The quick"));
   EXPECT_EQ(manager->truncatedGlyphRange(0).location, NSNotFound);
+  // Spacing that sets letters over each other makes more text narrower than less.
+  set("The quick", 3);
+  storage->addAttribute(NSKernAttributeName, -30, {1, 8});
+  EXPECT_EQ(lines().size(), 1u);
   // Letters move together first, where they may.
   style->setAllowsDefaultTighteningForTruncation(true);
   const CGFloat natural = widthOf("The quick");

@@ -197,5 +197,15 @@ TEST_F(TextParagraphTest, WordsThatAreNewTogetherAreSetAsEachAlone) {
   }
 }
 
+TEST_F(TextParagraphTest, ByteOrderMarksAreUnitsLikeOthers) {
+  for (const std::u16string text : {u"\uFEFFab", u"\xFFFE\x6100\x6200", u"\uFEFF\u05D0 ab", u"\xFFFE\u05D0 ab"}) {
+    const auto paragraph = shape(text);
+    EXPECT_EQ(paragraph->advances().size(), text.size());
+    EXPECT_EQ(paragraph->line(0, text.size())->units().size(), text.size());
+  }
+  EXPECT_EQ(shape(u"\xFFFE\x6100")->advances()[1], shape(u"a\x6100")->advances()[1])
+      << "no bytes are swapped";
+}
+
 }  // namespace
 }  // namespace bkuk::host
