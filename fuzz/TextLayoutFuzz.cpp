@@ -62,7 +62,7 @@ Ref<NSTextStorage> storage(Reader& reader) {
     look.set(NSBaselineOffsetAttributeName, reader.byte() % 9 - 4);
   }
   const auto first = static_cast<std::size_t>(reader.byte());
-  const auto text = make<NSTextStorage>(NSString(reader.rest()), looks[0]);
+  auto text = make<NSTextStorage>(NSString(reader.rest()), looks[0]);
   if (first < text->length()) text->setAttributes(looks[1], {first, text->length() - first});
   return text;
 }

@@ -107,6 +107,7 @@ bool BKUKInteractiveLabel::setMarkup(std::string_view markup,
   for (const auto& [name, action] : linkActions) {
     styles.emplace(name, defaultStyle.withUnderline(NSUnderlineStyle::single, nullptr));
   }
+  names.reserve(styles.size());
   for (const auto& [name, style] : styles) names.emplace_back(name);
   const NSString source(markup);
   const auto text = BKUKAttributedTextXMLFactory::createAttributedText(source, styles, defaultStyle);

@@ -79,7 +79,7 @@ class BKUKLabel : public NSView {
   /// On all of the text: whoever replaces text is asked for it as a whole.
   void setCustomAttribute(std::optional<CustomAttribute> attribute);
   [[nodiscard]] BKUKParagraphAttributes paragraphAttributes() const;
-  void setParagraphAttributes(const BKUKParagraphAttributes& attributes);
+  void setParagraphAttributes(const BKUKParagraphAttributes& paragraph);
 
   [[nodiscard]] BKUKLayoutRoundingRule layoutRoundingRule() const { return roundingRule_; }
   void setLayoutRoundingRule(BKUKLayoutRoundingRule rule);

@@ -22,7 +22,7 @@ std::string pointsText(double points) {
 }
 
 Ref<BKUKLabel> makeTightLabel(std::string_view text, const BKUKFontSettings& style) {
-  const auto label = BKUKLabel::label(text, style);
+  auto label = BKUKLabel::label(text, style);
   const auto none = [](const NSFont&) { return 0.0; };
   label->setTopTextPadding(none);
   label->setBottomTextPadding(none);

@@ -62,7 +62,7 @@ class MetricsCard : public Card {
     Ref<TextLabel> caption;
   };
 
-  void addRule(std::string name, CGFloat height) {
+  void addRule(const std::string& name, CGFloat height) {
     const Rule rule{height,
                     make<Box>(Box::Look{.fill = role(height == 0 ? Role::accent : Role::onSurfaceLight)}),
                     make<TextLabel>(name + (height == 0 ? "" : ", " + pointsText(height)),

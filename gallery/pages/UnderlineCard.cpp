@@ -30,7 +30,7 @@ constexpr Sample samples[] = {{Style::single, "single", "In the colour of the te
                               {wavy, "patternDashDotDot", "Drawn as a wave on this label"}};
 
 Ref<BKUKLabel> makeUnderlined(Style style) {
-  const auto label = BKUKLabel::label("Grey jetty", cardText(18));
+  auto label = BKUKLabel::label("Grey jetty", cardText(18));
   label->setUnderline(style);
   return label;
 }

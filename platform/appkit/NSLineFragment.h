@@ -54,7 +54,7 @@ class NSLineFragment {
   /// In the order of the text.
   [[nodiscard]] const std::vector<NSTextPiece>& pieces(const NSAttributedString& text) const;
   /// The glyphs of characters of one piece, which is asked for first; drawn at the place of that piece.
-  [[nodiscard]] std::shared_ptr<const host::TextLine> part(NSRange range) const;
+  [[nodiscard]] std::shared_ptr<const host::TextLine> part(NSRange characters) const;
 
  private:
   /// What is derived from the setting.
@@ -72,7 +72,7 @@ class NSLineFragment {
   [[nodiscard]] CGFloat shiftAt(CGFloat x) const;
   void findGaps(const NSAttributedString& text) const;
   void addPiece(NSRange range, const NSAttributeDictionary& attributes) const;
-  void addWords(const NSAttributedString& text, NSRange range, const NSAttributeDictionary& attributes) const;
+  void addWords(const NSAttributedString& text, NSRange run, const NSAttributeDictionary& attributes) const;
 
   mutable std::shared_ptr<Glyphs> glyphs_;
 };

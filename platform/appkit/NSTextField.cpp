@@ -26,7 +26,7 @@ Ref<NSColor> shownTextColor(const Ref<NSColor>& color) {
 }  // namespace
 
 Ref<NSTextField> NSTextField::labelWithString(std::string text) {
-  const auto field = make<NSTextField>();
+  auto field = make<NSTextField>();
   field->setEditable(false);
   field->setSelectable(false);
   field->setBezeled(false);
