@@ -112,5 +112,19 @@ void layOutParagraph(benchmark::State& state) {
 }
 BENCHMARK(layOutParagraph)->RangeMultiplier(16)->Range(1 << 10, 1 << 18)->Unit(benchmark::kMicrosecond);
 
+/// As many units, which change direction all the time.
+void layOutChangingDirections(benchmark::State& state) {
+  const VirtualHostScope host;
+  std::u16string units;
+  while (units.size() < static_cast<std::size_t>(state.range(0))) units += u"\u05D0 a";
+  const NSAttributedString text(NSString(std::move(units)), look());
+  for (auto _ : state) benchmark::DoNotOptimize(text.boundingRect({300, 0}, measuring).size);
+  state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+BENCHMARK(layOutChangingDirections)
+    ->RangeMultiplier(8)
+    ->Range(1 << 10, 1 << 16)
+    ->Unit(benchmark::kMillisecond);
+
 }  // namespace
 }  // namespace bkuk

@@ -198,7 +198,8 @@ TEST_F(TextParagraphTest, WordsThatAreNewTogetherAreSetAsEachAlone) {
 }
 
 TEST_F(TextParagraphTest, ByteOrderMarksAreUnitsLikeOthers) {
-  for (const std::u16string text : {u"\uFEFFab", u"\xFFFE\x6100\x6200", u"\uFEFF\u05D0 ab", u"\xFFFE\u05D0 ab"}) {
+  for (const std::u16string text :
+       {u"\uFEFFab", u"\xFFFE\x6100\x6200", u"\uFEFF\u05D0 ab", u"\xFFFE\u05D0 ab"}) {
     const auto paragraph = shape(text);
     EXPECT_EQ(paragraph->advances().size(), text.size());
     EXPECT_EQ(paragraph->line(0, text.size())->units().size(), text.size());
