@@ -33,7 +33,8 @@ class TextLabel : public NSView {
   [[nodiscard]] CGFloat lastBaselineOffsetFromBottom() const override;
   void draw(NSRect dirtyRect) override;
 
-  [[nodiscard]] bool isAccessibilityElement() const override { return true; }
+  // Lines that wait for text are nothing to stop at.
+  [[nodiscard]] bool isAccessibilityElement() const override { return !text_.empty(); }
   [[nodiscard]] NSAccessibilityRole accessibilityRole() const override;
   [[nodiscard]] NSAccessibilityValue accessibilityValue() const override { return text_; }
 

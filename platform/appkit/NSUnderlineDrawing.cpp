@@ -4,6 +4,7 @@
 #include <cmath>
 #include <vector>
 
+#include "platform/coregraphics/CGBaseline.h"
 #include "platform/coregraphics/CGContext.h"
 
 namespace bkuk {
@@ -34,7 +35,7 @@ struct Rows {
   [[nodiscard]] CGFloat pixel() const { return isStraight() ? 1 / std::abs(transform.d) : 0; }
   [[nodiscard]] CGFloat snapped(CGFloat y) const {
     if (!isStraight()) return y;
-    return (std::round(transform.d * y + transform.ty) - transform.ty) / transform.d;
+    return (CGSnappedBaseline(transform.d * y + transform.ty) - transform.ty) / transform.d;
   }
   // A distance of whole pixels, one at least.
   [[nodiscard]] CGFloat whole(CGFloat distance) const {

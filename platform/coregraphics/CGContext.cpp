@@ -7,6 +7,7 @@
 
 #include "host/Host.h"
 #include "platform/coregraphics/BitmapShadow.h"
+#include "platform/coregraphics/CGBaseline.h"
 #include "platform/coregraphics/CanvasTarget.h"
 #include "platform/coregraphics/GaussianBlur.h"
 #include "platform/coregraphics/HostConversions.h"
@@ -443,7 +444,7 @@ CGAffineTransform CGContext::textToDevice(CGPoint baseline) const {
   CGAffineTransform text{device.a, device.b, device.c * down, device.d * down, 0, 0};
   const CGPoint start = device.apply(baseline);
   text.tx = start.x;
-  text.ty = text.isScaleAndTranslation() ? std::round(start.y) : start.y;
+  text.ty = text.isScaleAndTranslation() ? CGSnappedBaseline(start.y) : start.y;
   return text;
 }
 

@@ -109,6 +109,20 @@ TEST_F(BKUKLabelTest, ConstraintsLineUpBaselinesAndFollowTheText) {
               large->frame().minY() + large->lastBaselineDistanceFromBottom(), 1e-6);
 }
 
+TEST_F(BKUKLabelTest, TheSameBaselineIsTheSameRowWhereverTheLabelBegins) {
+  label->setVerticalAlignment(BKUKLabelVerticalAlignment::top);
+  label->setStringValue("x");
+  show(label, {0, 0, 200, 30});
+  // Baselines 50 points from the top; the first label begins at half a point.
+  const std::pair<const char*, double> fonts[] = {
+      {"Inter-Regular", 16}, {"Inter-Regular", 15}, {"DejaVuSans", 15}, {"DejaVuSans", 15.35}};
+  for (const auto& [name, size] : fonts) {
+    label->setFont(NSFont::font(name, size));
+    label->setFrame({0, 20 + label->font()->ascender(), 200, 30});
+    EXPECT_EQ(inkRows().second, 49) << name << " " << size;
+  }
+}
+
 TEST_F(BKUKLabelTest, OwnAttributesGoBeforeThoseOfTheLabel) {
   const auto bold = BKUKFontManager::Font(Type::bold, 20);
   const auto text = make<NSMutableAttributedString>(NSString("ab"));
