@@ -1,5 +1,3 @@
-#include <algorithm>
-
 #include "platform/appkit/NSColor.h"
 #include "platform/appkit/NSGraphicsContext.h"
 #include "platform/appkit/NSLayoutManager.h"
@@ -25,12 +23,6 @@ NSUnderlineStyle underlineOf(const NSAttributeDictionary& attributes) {
   return value ? static_cast<NSUnderlineStyle>(value->integer().value_or(0)) : NSUnderlineStyle::none;
 }
 
-NSRange shared(NSRange a, NSRange b) {
-  const std::size_t start = std::max(a.location, b.location);
-  const std::size_t end = std::min(NSMaxRange(a), NSMaxRange(b));
-  return {start, end > start ? end - start : 0};
-}
-
 // The words of a range, or its spaces too where the style has a line below them.
 std::vector<NSRange> underlined(std::u16string_view text, NSRange range, NSUnderlineStyle style) {
   if (!NSUnderlineIsByWord(style)) return {range};
@@ -49,10 +41,11 @@ std::vector<NSRange> underlined(std::u16string_view text, NSRange range, NSUnder
 void NSLayoutManager::drawBackground(NSRange forGlyphRange, NSPoint at) {
   const auto context = NSGraphicsContext::current();
   if (!context || !storage_) return;
+  const NSRange range = cut(forGlyphRange);
   for (const auto& container : containers_) {
     const auto* layout = layoutIn(*container);
     if (!layout) continue;
-    for (const auto& line : layout->linesOf(cut(forGlyphRange))) {
+    for (const auto& line : layout->linesOf(range)) {
       for (const auto& piece : line.pieces(*storage_)) {
         const auto color = colorOf(piece.attributes, NSBackgroundColorAttributeName);
         if (!color) continue;
@@ -60,7 +53,7 @@ void NSLayoutManager::drawBackground(NSRange forGlyphRange, NSPoint at) {
         // As high as the text that it is behind, however high others make the line.
         const auto font = NSFontOf(piece.attributes);
         const CGFloat top = at.y + line.baseline - NSBaselineOffsetOf(piece.attributes) - font->ascender();
-        for (const auto& rect : rects(shared(piece.range, forGlyphRange), *container)) {
+        for (const auto& rect : rects(NSIntersectionRange(piece.range, range), *container)) {
           context->cgContext()->fill(
               {at.x + rect.minX(), top, rect.width(), font->ascender() - font->descender()});
         }
@@ -87,7 +80,7 @@ void NSLayoutManager::drawLine(const NSLineFragment& line, NSRange range, NSPoin
   if (!storage_) return;
   const auto context = NSGraphicsContext::current()->cgContext();
   for (const auto& piece : line.pieces(*storage_)) {
-    const NSRange part = shared(piece.range, range);
+    const NSRange part = NSIntersectionRange(piece.range, range);
     const bool isWhole = part == piece.range;
     if (!isWhole && part.length == 0) continue;
     const auto font = NSFontOf(piece.attributes);

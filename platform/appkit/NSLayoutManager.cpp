@@ -28,12 +28,6 @@ std::vector<NSRect> stretches(const NSLineFragment& line, const NSAttributedStri
   return joined;
 }
 
-NSRange intersection(NSRange a, NSRange b) {
-  const std::size_t start = std::max(a.location, b.location);
-  const std::size_t end = std::min(NSMaxRange(a), NSMaxRange(b));
-  return {start, end > start ? end - start : 0};
-}
-
 }  // namespace
 
 void NSLayoutManager::didInit() {
@@ -113,7 +107,10 @@ const NSLineFragment* NSLayoutManager::lineOf(std::size_t glyph) {
   return layout ? &layout->lineOf(glyph) : nullptr;
 }
 
-NSRange NSLayoutManager::cut(NSRange range) const { return intersection(range, {0, numberOfGlyphs()}); }
+NSRange NSLayoutManager::cut(NSRange range) const {
+  const std::size_t start = std::min(range.location, numberOfGlyphs());
+  return {start, std::min(range.length, numberOfGlyphs() - start)};
+}
 
 NSRange NSLayoutManager::glyphRange(const NSTextContainer& forTextContainer) {
   const auto* layout = layoutIn(forTextContainer);
@@ -156,8 +153,9 @@ std::vector<NSRect> NSLayoutManager::rects(NSRange forGlyphRange, const NSTextCo
   std::vector<NSRect> all;
   const auto* layout = layoutIn(in);
   if (!layout) return all;
-  for (const auto& line : layout->linesOf(cut(forGlyphRange))) {
-    const auto found = stretches(line, *storage_, intersection(forGlyphRange, line.range));
+  const NSRange range = cut(forGlyphRange);
+  for (const auto& line : layout->linesOf(range)) {
+    const auto found = stretches(line, *storage_, NSIntersectionRange(range, line.range));
     all.insert(all.end(), found.begin(), found.end());
   }
   return all;

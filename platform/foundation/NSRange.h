@@ -17,6 +17,8 @@ struct NSRange {
 
 /// The first location behind the range. A sum that overflows is a trap.
 [[nodiscard]] std::size_t NSMaxRange(NSRange range);
+/// What both have in common; empty, at some location, when that is nothing.
+[[nodiscard]] NSRange NSIntersectionRange(NSRange a, NSRange b);
 [[nodiscard]] constexpr bool NSLocationInRange(std::size_t location, NSRange range) {
   return location >= range.location && location - range.location < range.length;
 }

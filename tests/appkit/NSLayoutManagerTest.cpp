@@ -209,6 +209,8 @@ TEST_F(NSLayoutManagerTest, FindsGlyphsUnderPointsInBothDirections) {
   EXPECT_EQ(hit(500, 1000, &fraction), 6u);
   EXPECT_EQ(fraction, 1);
   EXPECT_EQ(hit(b.maxX() + 3, 1), 2u) << "the break";
+  EXPECT_EQ(manager->boundingRect({1, SIZE_MAX}, *container), manager->boundingRect({1, 6}, *container));
+  EXPECT_EQ(manager->boundingRect({SIZE_MAX, SIZE_MAX}, *container), NSRect());
   // Hebrew in an English line: the letters that come first in the text stand right.
   set("ab \xD7\xA9\xD7\x9C cd");
   const auto shin = manager->boundingRect({3, 1}, *container);
