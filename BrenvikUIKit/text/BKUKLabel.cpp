@@ -163,6 +163,7 @@ void BKUKLabel::setAnimatableFontSize(double size) {
 void BKUKLabel::didUpdateAttributes() {
   const Ref<BKUKLabel> self(this);
   replaceCustomAttributes();
+  needsUpdateContainer_ = true;
   needsUpdateSecondaryConstraints_ = true;
   textDidChange();
   measureAgain();
@@ -185,7 +186,6 @@ void BKUKLabel::replaceCustomAttributes() {
 }
 
 void BKUKLabel::measureAgain() {
-  needsUpdateContainer_ = true;
   invalidateIntrinsicContentSize();
   setNeedsLayout(true);
   setNeedsDisplay(true);
@@ -214,7 +214,10 @@ void BKUKLabel::setBottomTextPadding(TextPadding padding) {
 }
 
 void BKUKLabel::setShouldUseNSTextFieldSync(bool uses) {
-  if (std::exchange(usesTextFieldSync_, uses) != uses) measureAgain();
+  if (std::exchange(usesTextFieldSync_, uses) == uses) return;
+  // Sync writes its line spacing into the storage.
+  needsUpdateContainer_ = true;
+  measureAgain();
 }
 
 void BKUKLabel::setVerticalNSTextFieldSyncOffset(double offset) {
@@ -228,6 +231,7 @@ void BKUKLabel::setVerticalNSTextFieldSyncDrawOffset(double offset) {
 void BKUKLabel::viewDidChangeEffectiveAppearance() {
   NSView::viewDidChangeEffectiveAppearance();
   builder_->setAttributes(builder_->attributes());
+  needsUpdateContainer_ = true;
   measureAgain();
 }
 

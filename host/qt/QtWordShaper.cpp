@@ -88,7 +88,7 @@ class ShapedLine {
 };
 
 // Whether each unit of a line that runs from left to right has one glyph, one behind the other.
-bool standOneToOne(const std::vector<PlacedGlyph>& glyphs, qsizetype units) {
+bool hasOneGlyphForEach(const std::vector<PlacedGlyph>& glyphs, qsizetype units) {
   const auto standsBefore = [](const PlacedGlyph& a, const PlacedGlyph& b) {
     return a.position.x() < b.position.x();
   };
@@ -224,7 +224,7 @@ std::vector<std::shared_ptr<const ShapedWord>> shapeWords(std::span<const std::u
   for (const auto& word : words) text += shapeable(word) + separator;
   const ShapedLine line(text, style);
   const auto glyphs = line.glyphs(-1, -1);
-  const bool isPlain = standOneToOne(glyphs, text.size());
+  const bool isPlain = hasOneGlyphForEach(glyphs, text.size());
   std::vector<std::shared_ptr<const ShapedWord>> shaped;
   std::size_t offset = 0;
   for (const auto& word : words) {

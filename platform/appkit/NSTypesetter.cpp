@@ -17,7 +17,8 @@ constexpr CGFloat tolerance = 1e-6;
 
 bool isLimited(CGFloat extent) { return extent > 0 && extent < NSTextContainer::unlimited; }
 
-CGFloat lineHeight(CGFloat natural, const NSParagraphStyle& style) {
+CGFloat lineHeight(const NSLineMetrics& metrics, const NSParagraphStyle& style) {
+  CGFloat natural = metrics.ascent + metrics.descent + metrics.leading;
   if (style.lineHeightMultiple() > 0) natural *= style.lineHeightMultiple();
   natural = std::max(natural, style.minimumLineHeight());
   return style.maximumLineHeight() > 0 ? std::min(natural, style.maximumLineHeight()) : natural;
@@ -95,7 +96,7 @@ std::optional<NSSize> NSTypesetter::sizeOfPlainLine() {
   NSLineMetrics metrics;
   metrics.include(attributes);
   if (!options_.usesFontLeading) metrics.leading = 0;
-  return NSSize{width, lineHeight(metrics.ascent + metrics.descent + metrics.leading, *style)};
+  return NSSize{width, lineHeight(metrics, *style)};
 }
 
 // Paragraphs
@@ -110,8 +111,7 @@ host::TextDirection NSTypesetter::directionOf(const NSTextSegment& segment, cons
   if (style.baseWritingDirection() == NSWritingDirection::rightToLeft)
     return host::TextDirection::rightToLeft;
   if (before_) return *before_;
-  const auto units = text_.string().units().substr(segment.range.location, segment.range.length);
-  if (const auto strong = host::current().fonts().strongDirection(units)) return *strong;
+  if (const auto strong = host::current().fonts().strongDirection(unitsOf(segment.range))) return *strong;
   return options_.direction == NSUserInterfaceLayoutDirection::rightToLeft ? host::TextDirection::rightToLeft
                                                                            : host::TextDirection::leftToRight;
 }
@@ -124,8 +124,8 @@ NSTypesetter::Paragraph NSTypesetter::paragraphAt(std::size_t from) {
   before_ = segment.endsParagraph ? std::nullopt : std::optional(direction);
   Paragraph paragraph{segment, style, direction, {text_, segment.range}, nullptr, isFirstLine};
   if (segment.range.length > 0) {
-    const auto units = text_.string().units().substr(segment.range.location, segment.range.length);
-    paragraph.shaped = host::current().fonts().shape(units, paragraph.runs.runs(), direction);
+    paragraph.shaped =
+        host::current().fonts().shape(unitsOf(segment.range), paragraph.runs.runs(), direction);
   }
   if (isFirstLine && !lines_.empty()) y_ += style->paragraphSpacingBefore();
   return paragraph;
@@ -163,9 +163,8 @@ bool NSTypesetter::setOnOneLine(Paragraph& paragraph) {
   if (options_.wraps && cutsOff(segment.end())) return setCutOff(paragraph, 0);
   NSFittedLine fitted{paragraph.shaped, {}, false};
   if (isWidthLimited_ && options_.wraps && NSIsTruncating(mode)) {
-    const auto units = text_.string().units().substr(segment.range.location, segment.range.length);
-    fitted = NSFitLine({units, paragraph.runs, paragraph.direction, paragraph.shaped}, room(paragraph), mode,
-                       *paragraph.style);
+    fitted = NSFitLine({unitsOf(segment.range), paragraph.runs, paragraph.direction, paragraph.shaped},
+                       room(paragraph), mode, *paragraph.style);
   }
   return place(paragraph, {segment.range.location, segment.end() - segment.range.location},
                settingOf(std::move(fitted)));
@@ -176,8 +175,7 @@ bool NSTypesetter::setWrapped(Paragraph& paragraph) {
   const std::size_t length = segment.range.length;
   const bool fits = !isWidthLimited_ || paragraph.shaped->width() <= room(paragraph) + tolerance;
   if (fits) return setOnOneLine(paragraph);
-  const auto units = text_.string().units().substr(segment.range.location, length);
-  const NSLineBreaker breaker(*paragraph.shaped, units, paragraph.style->lineBreakMode());
+  const NSLineBreaker breaker(*paragraph.shaped, unitsOf(segment.range), paragraph.style->lineBreakMode());
   for (std::size_t from = 0; from < length;) {
     const auto end = breaker.next(from, room(paragraph));
     const std::size_t next = end.end == length ? segment.end() - segment.range.location : end.end;
@@ -195,7 +193,7 @@ bool NSTypesetter::setWrapped(Paragraph& paragraph) {
 bool NSTypesetter::setCutOff(const Paragraph& paragraph, std::size_t from) {
   const auto& segment = paragraph.segment;
   const std::size_t start = segment.range.location + from;
-  const auto units = text_.string().units().substr(start, segment.range.length - from);
+  const auto units = unitsOf({start, segment.range.length - from});
   NSTextRuns runs;
   runs.append(paragraph.runs, from, segment.range.length);
   const auto shaped = host::current().fonts().shape(units, runs.runs(), paragraph.direction);
@@ -220,7 +218,7 @@ bool NSTypesetter::place(const Paragraph& paragraph, NSRange range, NSLineSettin
   if (range.length == 0) metrics.include(attributesAt(range.location));
   if (!options_.usesFontLeading) metrics.leading = 0;
   const auto& style = *paragraph.style;
-  const CGFloat height = lineHeight(metrics.ascent + metrics.descent + metrics.leading, style);
+  const CGFloat height = lineHeight(metrics, style);
   const CGFloat top = y_ + spaceBelow_;
   const bool isFull = isHeightLimited_ && top + height > options_.size.height + tolerance;
   if (isFull && !lines_.empty()) return false;

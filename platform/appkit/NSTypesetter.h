@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <memory>
 #include <optional>
+#include <string_view>
 #include <vector>
 
 #include "platform/appkit/NSParagraphStyle.h"
@@ -37,6 +38,9 @@ class NSTypesetter {
   [[nodiscard]] Paragraph paragraphAt(std::size_t from);
   [[nodiscard]] host::TextDirection directionOf(const NSTextSegment& segment, const NSParagraphStyle& style);
   [[nodiscard]] const NSAttributeDictionary& attributesAt(std::size_t index) const;
+  [[nodiscard]] std::u16string_view unitsOf(NSRange range) const {
+    return text_.string().units().substr(range.location, range.length);
+  }
 
   bool setLines(Paragraph& paragraph);
   bool setWrapped(Paragraph& paragraph);
@@ -49,7 +53,6 @@ class NSTypesetter {
   [[nodiscard]] bool cutsOff(std::size_t end) const;
   [[nodiscard]] CGFloat indent(const Paragraph& paragraph) const;
   [[nodiscard]] CGFloat room(const Paragraph& paragraph) const;
-  [[nodiscard]] NSTextAlignment alignmentOf(const Paragraph& paragraph) const;
   void align(NSLineFragment& line, const Paragraph& paragraph);
   void justify(NSLineFragment& line, CGFloat rest) const;
   void alignAmongThemselves();
