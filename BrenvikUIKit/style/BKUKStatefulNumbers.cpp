@@ -2,10 +2,12 @@
 
 namespace bkuk {
 
-template <>
-const BKUKStatefulOpacities& BKUKStatefulOpacities::basicImageButton() {
-  static const BKUKStatefulOpacities opacities(0.7F, 1.0F, 0.4F, 0.2F);
+template <typename T>
+const BKUKStatefulSettings<T>& BKUKStatefulSettings<T>::basicImageButton() requires std::same_as<T, float> {
+  static const BKUKStatefulSettings opacities(0.7F, 1.0F, 0.4F, 0.2F);
   return opacities;
 }
+
+template const BKUKStatefulOpacities& BKUKStatefulSettings<float>::basicImageButton();
 
 }  // namespace bkuk

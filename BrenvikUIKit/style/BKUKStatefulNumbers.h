@@ -11,7 +11,6 @@ using BKUKStatefulWidths = BKUKStatefulSettings<double>;
 using BKUKStatefulOpacities = BKUKStatefulSettings<float>;
 
 /// An image that is pressed: it brightens under the pointer and fades when it is held or disabled.
-template <>
-const BKUKStatefulOpacities& BKUKStatefulOpacities::basicImageButton();
+extern template const BKUKStatefulOpacities& BKUKStatefulSettings<float>::basicImageButton();
 
 }  // namespace bkuk

@@ -17,6 +17,16 @@ class NSColor;
 enum class BKUKFontType : std::uint8_t;
 struct BKUKFontChanges;
 struct BKUKFontSettings;
+struct BKUKShadowSettings;
+
+/// A value that says nothing, an empty `Ref`, is as good as none.
+template <typename T>
+[[nodiscard]] std::optional<T> givenOrAbsent(std::optional<T> value) {
+  if constexpr (requires { *value == nullptr; }) {
+    if (value && *value == nullptr) value.reset();
+  }
+  return value;
+}
 
 /// The arguments of `BKUKStatefulSettings::with`: each given one replaces the value of its state.
 template <typename T>
@@ -28,7 +38,7 @@ struct BKUKStatefulChanges {
 };
 
 /// A value by interaction state: one for the normal state, and where it differs one for the others. A state
-/// without a value of its own takes the normal one, never that of another state.
+/// without a value of its own takes the normal one, never that of another state. An empty `Ref` is no value.
 ///
 /// An immutable value; objects in it are shared between copies. What belongs to one type of element only
 /// (`clear`, `noShadow` and others) is declared in the header that names the type.
@@ -43,9 +53,9 @@ class BKUKStatefulSettings {
   BKUKStatefulSettings(T normal, std::optional<T> hover, std::optional<T> pressed = {},
                        std::optional<T> disabled = {})
       : normal_(std::move(normal)),
-        hover_(std::move(hover)),
-        pressed_(std::move(pressed)),
-        disabled_(std::move(disabled)) {}
+        hover_(givenOrAbsent(std::move(hover))),
+        pressed_(givenOrAbsent(std::move(pressed))),
+        disabled_(givenOrAbsent(std::move(disabled))) {}
   /// A fill of each state's colour; all four states have their own.
   template <typename Color>
   requires std::same_as<T, BKUKFill> && std::same_as<Color, Ref<NSColor>>
@@ -82,8 +92,11 @@ class BKUKStatefulSettings {
   /// A setting in which all states have their own value: the given one, else the one that this setting
   /// answers for the state. So a new normal value leaves the look of the other states as it was.
   [[nodiscard]] BKUKStatefulSettings with(Changes changes) const {
-    return {std::move(changes.normal).value_or(normal()), std::move(changes.hover).value_or(hover()),
-            std::move(changes.pressed).value_or(pressed()), std::move(changes.disabled).value_or(disabled())};
+    const auto value = [](std::optional<T>& given, const T& present) {
+      return givenOrAbsent(std::move(given)).value_or(present);
+    };
+    return {value(changes.normal, normal()), value(changes.hover, hover()), value(changes.pressed, pressed()),
+            value(changes.disabled, disabled())};
   }
 
   /// Each state's text in its colour of `colors` and changed as `changes` says, whose own colour does not
@@ -102,12 +115,14 @@ class BKUKStatefulSettings {
   // Of colours: see `BKUKStatefulColors.h`. Of fills, shadows and numbers: see `BKUKStatefulFills.h`,
   // `BKUKStatefulShadows.h` and `BKUKStatefulNumbers.h`. Of text: see `BKUKStatefulFonts.h`.
 
-  [[nodiscard]] static const BKUKStatefulSettings& clear();
-  [[nodiscard]] static const BKUKStatefulSettings& noShadow();
-  [[nodiscard]] static const BKUKStatefulSettings& basicImageButton();
-  [[nodiscard]] static BKUKStatefulSettings hyperlinkPrimary();
-  [[nodiscard]] static BKUKStatefulSettings hyperlinkSecondary();
-  [[nodiscard]] BKUKStatefulSettings<Ref<NSColor>> convertToStatefulColor() const;
+  [[nodiscard]] static const BKUKStatefulSettings& clear() requires std::same_as<T, Ref<NSColor>> ||
+      std::same_as<T, BKUKFill>;
+  [[nodiscard]] static const BKUKStatefulSettings& noShadow() requires std::same_as<T, BKUKShadowSettings>;
+  [[nodiscard]] static const BKUKStatefulSettings& basicImageButton() requires std::same_as<T, float>;
+  [[nodiscard]] static BKUKStatefulSettings hyperlinkPrimary() requires std::same_as<T, BKUKFontSettings>;
+  [[nodiscard]] static BKUKStatefulSettings hyperlinkSecondary() requires std::same_as<T, BKUKFontSettings>;
+  [[nodiscard]] BKUKStatefulSettings<Ref<NSColor>> convertToStatefulColor()
+      const requires std::same_as<T, BKUKFill>;
 
   bool operator==(const BKUKStatefulSettings&) const = default;
 

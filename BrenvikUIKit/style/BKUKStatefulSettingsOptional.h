@@ -8,8 +8,7 @@
 namespace bkuk {
 
 /// A value by interaction state that may be absent in any of them. A state without a value of its own takes
-/// the normal one, which may be absent too. A setting that `with` has made takes nothing from the normal
-/// state: all its states have their own value or their own absence.
+/// the normal one, which may be absent too; so does one whose own value is an empty `Ref`.
 template <typename T>
 class BKUKStatefulSettingsOptional {
  public:
@@ -17,10 +16,10 @@ class BKUKStatefulSettingsOptional {
 
   BKUKStatefulSettingsOptional(std::optional<T> normal = {}, std::optional<T> hover = {},
                                std::optional<T> pressed = {}, std::optional<T> disabled = {})
-      : normal_(std::move(normal)),
-        hover_(std::move(hover)),
-        pressed_(std::move(pressed)),
-        disabled_(std::move(disabled)) {}
+      : normal_(givenOrAbsent(std::move(normal))),
+        hover_(givenOrAbsent(std::move(hover))),
+        pressed_(givenOrAbsent(std::move(pressed))),
+        disabled_(givenOrAbsent(std::move(disabled))) {}
 
   [[nodiscard]] const std::optional<T>& normal() const { return normal_; }
   [[nodiscard]] const std::optional<T>& hover() const { return resolved(hover_); }
@@ -41,31 +40,28 @@ class BKUKStatefulSettingsOptional {
     return normal();
   }
 
-  /// Each given value replaces that of its state; the others keep what this setting answers for them, an
-  /// absent value too.
+  /// Each given value replaces that of its state; the others keep what this setting answers for them. What it
+  /// answers as absent stays open: such a state takes the normal value once there is one.
   [[nodiscard]] BKUKStatefulSettingsOptional with(Changes changes) const {
     const auto value = [](std::optional<T>& given, const std::optional<T>& present) {
-      return given ? std::move(given) : present;
+      auto own = givenOrAbsent(std::move(given));
+      return own ? own : present;
     };
-    BKUKStatefulSettingsOptional changed(value(changes.normal, normal()), value(changes.hover, hover()),
-                                         value(changes.pressed, pressed()),
-                                         value(changes.disabled, disabled()));
-    changed.takesFromNormal_ = false;
-    return changed;
+    return {value(changes.normal, normal()), value(changes.hover, hover()), value(changes.pressed, pressed()),
+            value(changes.disabled, disabled())};
   }
 
   bool operator==(const BKUKStatefulSettingsOptional&) const = default;
 
  private:
   [[nodiscard]] const std::optional<T>& resolved(const std::optional<T>& own) const {
-    return own || !takesFromNormal_ ? own : normal_;
+    return own ? own : normal_;
   }
 
   std::optional<T> normal_;
   std::optional<T> hover_;
   std::optional<T> pressed_;
   std::optional<T> disabled_;
-  bool takesFromNormal_ = true;
 };
 
 }  // namespace bkuk

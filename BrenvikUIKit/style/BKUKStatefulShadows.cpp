@@ -2,10 +2,13 @@
 
 namespace bkuk {
 
-template <>
-const BKUKStatefulShadows& BKUKStatefulShadows::noShadow() {
-  static const auto& shadows = *new BKUKStatefulShadows(BKUKShadowSettings::noShadow());
+template <typename T>
+const BKUKStatefulSettings<T>& BKUKStatefulSettings<T>::noShadow() requires
+    std::same_as<T, BKUKShadowSettings> {
+  static const auto& shadows = *new BKUKStatefulSettings(T::noShadow());
   return shadows;
 }
+
+template const BKUKStatefulShadows& BKUKStatefulSettings<BKUKShadowSettings>::noShadow();
 
 }  // namespace bkuk

@@ -9,7 +9,6 @@ namespace bkuk {
 using BKUKStatefulShadows = BKUKStatefulSettings<BKUKShadowSettings>;
 
 /// No shadow in all states.
-template <>
-const BKUKStatefulShadows& BKUKStatefulShadows::noShadow();
+extern template const BKUKStatefulShadows& BKUKStatefulSettings<BKUKShadowSettings>::noShadow();
 
 }  // namespace bkuk

@@ -13,14 +13,19 @@ BKUKStatefulFonts link(const Ref<NSColor>& color, const Ref<NSColor>& hover) {
 
 }  // namespace
 
-template <>
-BKUKStatefulFonts BKUKStatefulFonts::hyperlinkPrimary() {
+template <typename T>
+BKUKStatefulSettings<T> BKUKStatefulSettings<T>::hyperlinkPrimary() requires
+    std::same_as<T, BKUKFontSettings> {
   return link(BKUKTheme::accentHighContrast(), BKUKTheme::onBackground());
 }
 
-template <>
-BKUKStatefulFonts BKUKStatefulFonts::hyperlinkSecondary() {
+template <typename T>
+BKUKStatefulSettings<T> BKUKStatefulSettings<T>::hyperlinkSecondary() requires
+    std::same_as<T, BKUKFontSettings> {
   return link(BKUKTheme::onBackground(), BKUKTheme::accentHighContrast());
 }
+
+template BKUKStatefulFonts BKUKStatefulSettings<BKUKFontSettings>::hyperlinkPrimary();
+template BKUKStatefulFonts BKUKStatefulSettings<BKUKFontSettings>::hyperlinkSecondary();
 
 }  // namespace bkuk

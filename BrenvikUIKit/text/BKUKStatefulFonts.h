@@ -20,7 +20,8 @@ template <typename T>
 BKUKStatefulSettings<T>::BKUKStatefulSettings(
     BKUKBrandFont style, const BKUKStatefulColors& colors,
     NSTextAlignment alignment) requires std::same_as<T, BKUKFontSettings>
-    : BKUKStatefulSettings(colors, BKUKBrandFont::size(style), BKUKBrandFont::type(style), alignment) {}
+    // Braces ask the application for the size before the type.
+    : BKUKStatefulSettings{colors, BKUKBrandFont::size(style), BKUKBrandFont::type(style), alignment} {}
 
 template <typename T>
 BKUKStatefulSettings<T> BKUKStatefulSettings<T>::with(
@@ -34,12 +35,10 @@ BKUKStatefulSettings<T> BKUKStatefulSettings<T>::with(
 }
 
 /// A link in the accent colour, which loses it under the pointer. In the theme's colours of the moment.
-template <>
-BKUKStatefulFonts BKUKStatefulFonts::hyperlinkPrimary();
+extern template BKUKStatefulFonts BKUKStatefulSettings<BKUKFontSettings>::hyperlinkPrimary();
 
 /// A link in the colour of text, which takes the accent colour under the pointer. In the theme's colours of
 /// the moment.
-template <>
-BKUKStatefulFonts BKUKStatefulFonts::hyperlinkSecondary();
+extern template BKUKStatefulFonts BKUKStatefulSettings<BKUKFontSettings>::hyperlinkSecondary();
 
 }  // namespace bkuk

@@ -30,13 +30,28 @@ TEST(BKUKStatefulSettings, WithKeepsTheLookOfTheOtherStates) {
   EXPECT_EQ(valuesOf(Numbers(1, {}, 3).with({.hover = 7})), (std::vector{1, 7, 3, 1}));
 }
 
-TEST(BKUKStatefulSettingsOptional, AbsenceResolvesLikeAValue) {
+TEST(BKUKStatefulSettings, AnEmptyObjectIsNoValue) {
+  const auto red = NSColor::red();
+  const BKUKStatefulColors colors(red, nullptr, NSColor::blue(), Ref<NSColor>());
+  EXPECT_EQ(valuesOf(colors), (std::vector{red, red, NSColor::blue(), red}));
+  EXPECT_EQ(colors.with({.normal = nullptr, .pressed = nullptr}),
+            BKUKStatefulColors(red, red, NSColor::blue(), red));
+  using Optional = BKUKStatefulSettingsOptional<Ref<NSColor>>;
+  EXPECT_EQ(Optional(nullptr, nullptr), Optional());
+  EXPECT_EQ(Optional(red).with({.hover = nullptr}).hover(), red);
+  const auto withoutColor = BKUKFill::color(nullptr);
+  EXPECT_TRUE(stopLine([&] { (void)BKUKStatefulFills(withoutColor).convertToStatefulColor(); }).has_value());
+}
+
+TEST(BKUKStatefulSettingsOptional, AbsenceStaysOpenForANormalValue) {
   using Optional = BKUKStatefulSettingsOptional<int>;
   EXPECT_EQ(Optional()[State::pressed], std::nullopt);
   EXPECT_EQ(Optional(4)[State::disabled], 4);
-  const auto changed = Optional().with({.normal = 5});
-  EXPECT_EQ(changed.normal(), 5);
-  EXPECT_EQ(changed.hover(), std::nullopt);
+  EXPECT_EQ(valuesOf(Optional().with({.normal = 5})), valuesOf(Optional(5)));
+  const auto pressed = Optional({}, 2).with({.pressed = 3});
+  EXPECT_EQ(pressed.disabled(), std::nullopt);
+  EXPECT_EQ(pressed.with({.normal = 1}).disabled(), 1);
+  EXPECT_EQ(pressed, Optional({}, 2, 3)) << "nothing tells how it came about";
   EXPECT_EQ(Optional(4).with({.normal = 5}).hover(), 4);
 }
 
@@ -56,6 +71,13 @@ TEST(BKUKStatefulFills, AFillWithoutColourLeavesItsStateToTheNormalOne) {
   EXPECT_EQ(fills.convertToStatefulColor().hover(), NSColor::red());
   EXPECT_TRUE(stopLine([&] { (void)BKUKStatefulFills(gradient).convertToStatefulColor(); }).has_value());
 }
+
+template <typename Settings>
+concept HasClear = requires {
+  Settings::clear();
+};
+static_assert(HasClear<BKUKStatefulColors> && HasClear<BKUKStatefulFills>);
+static_assert(!HasClear<BKUKStatefulWidths>, "there is no clear width");
 
 TEST(BKUKStatefulSettings, PresetsAreWhatTheirNamesSay) {
   EXPECT_EQ(valuesOf(BKUKStatefulOpacities::basicImageButton()), (std::vector{0.7F, 1.0F, 0.4F, 0.2F}));
