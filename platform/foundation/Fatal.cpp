@@ -13,7 +13,7 @@ FatalHandler currentHandler = nullptr;
 
 std::string describe(std::string_view message, std::string_view unit, int line) {
   std::string text = "Fatal error: ";
-  if (!message.empty()) text.append(message).append(": ");
+  if (!message.empty() && message != "Fatal error") text.append(message).append(": ");
   text.append("file ").append(unit);
   if (line != 0) text.append(", line ").append(std::to_string(line));
   return text;

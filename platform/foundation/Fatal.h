@@ -6,8 +6,8 @@ namespace bkuk {
 
 /// Stops the process because of a programming error: writes
 /// `Fatal error: <message>: file <unit>, line <line>` to the standard error stream and aborts. An empty
-/// message leaves out its part, a line of 0 its own. `unit` is the source unit without extension that
-/// the documented text of the failure names.
+/// message, and "Fatal error" itself, leave out its part, a line of 0 its own. `unit` is the source unit
+/// without extension that the documented text of the failure names.
 [[noreturn]] void fatal(std::string_view message, std::string_view unit, int line = __builtin_LINE());
 
 /// Stops the process without a message: overflow, a value out of range, a missing mandatory object.

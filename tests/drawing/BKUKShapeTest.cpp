@@ -354,7 +354,7 @@ TEST_F(BKUKShapeTest, StopsWithoutItsLayer) {
 }
 
 TEST_F(BKUKShapeTest, StopsAtCapsAndJoinsThatDoNotExist) {
-  const auto isFatal = Optional(StartsWith("Fatal error: Fatal error: file BrenvikUIKit/BKUKShape, line "));
+  const auto isFatal = Optional(StartsWith("Fatal error: file BrenvikUIKit/BKUKShape, line "));
   EXPECT_THAT(stopLine([this] { shape->setLineCap(static_cast<CGLineCap>(3)); }), isFatal);
   EXPECT_THAT(
       stopLine([this] { shape->setStroke(nullptr, 1, CGLineCap::butt, static_cast<CGLineJoin>(-1), {}, 0); }),

@@ -173,8 +173,7 @@ TEST(LinePatternFit, DoesNotFitWithoutAModification) {
   const auto fit = [](CGFloat length) {
     return [length] { (void)fitted({4, 2}, {.modification = Modification::none, .pathLength = length}); };
   };
-  EXPECT_THAT(stopLine(fit(100)),
-              Optional(StartsWith("Fatal error: Fatal error: file BrenvikUIKit/BKUKShape,")));
+  EXPECT_THAT(stopLine(fit(100)), Optional(StartsWith("Fatal error: file BrenvikUIKit/BKUKShape,")));
   EXPECT_EQ(stopLine(fit(1)), std::nullopt) << "where no pattern fits, none is stretched";
 }
 
