@@ -25,7 +25,7 @@ struct BKUKCornerSettings {
   /// The short side is all round.
   static const BKUKCornerSettings round;
 
-  /// In points.
+  /// In points. The sides of the frame count as they were given, negative ones too.
   [[nodiscard]] CGFloat radius(const CGRect& forFrame) const;
 
   bool operator==(const BKUKCornerSettings&) const = default;

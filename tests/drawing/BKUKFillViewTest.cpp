@@ -52,6 +52,7 @@ TEST(BKUKCornerSettings, FollowTheShorterSideOrNothing) {
   EXPECT_EQ(BKUKCornerSettings::round.radius({0, 0, 30, 12}), 6);
   EXPECT_EQ(BKUKCornerSettings::ratio(0.25).radius({0, 0, 12, 30}), 3);
   EXPECT_EQ(BKUKCornerSettings::radius(40).radius({0, 0, 12, 30}), 40);
+  EXPECT_EQ(BKUKCornerSettings::round.radius({10, 0, -30, 12}), -15) << "sizes count as they were given";
 }
 
 TEST(BKUKFill, EqualsByContent) {
