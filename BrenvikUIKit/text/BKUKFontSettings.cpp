@@ -18,6 +18,9 @@ BKUKFontSettings linkText(double size) {
 
 }  // namespace
 
+BKUKFontSettings::BKUKFontSettings()
+    : BKUKFontSettings(NSColor::black(), 12, BKUKFontType::regular, NSTextAlignment::natural) {}
+
 BKUKFontSettings::BKUKFontSettings(Ref<NSColor> textColor, double pointSize,
                                    BKUKFontManager::FontTypes fontType, NSTextAlignment textAlignment,
                                    std::optional<NSLineBreakMode> breakMode,
@@ -34,9 +37,10 @@ BKUKFontSettings::BKUKFontSettings(Ref<NSColor> textColor, double pointSize,
       type(fontType),
       customAttribute(std::move(custom)) {}
 
+// Braces ask the application in the order in which it is written down: for the size first.
 BKUKFontSettings::BKUKFontSettings(BKUKBrandFont style, Ref<NSColor> textColor, NSTextAlignment textAlignment)
-    : BKUKFontSettings(std::move(textColor), BKUKBrandFont::size(style), BKUKBrandFont::type(style),
-                       textAlignment) {}
+    : BKUKFontSettings{std::move(textColor), BKUKBrandFont::size(style), BKUKBrandFont::type(style),
+                       textAlignment} {}
 
 BKUKFontSettings::BKUKFontSettings(BKUKBrandFont style, BKUKThemeColorBase background,
                                    NSTextAlignment textAlignment, BKUKThemeColorOpacity transparency)

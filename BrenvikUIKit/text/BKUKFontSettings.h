@@ -35,11 +35,14 @@ struct BKUKFontSettings {
   BKUKFontManager::FontTypes type;
   std::optional<CustomAttribute> customAttribute;
 
+  /// Black text of 12 points in the regular type, so that settings can be filled in, or set in a map.
+  BKUKFontSettings();
   BKUKFontSettings(Ref<NSColor> textColor, double pointSize, BKUKFontManager::FontTypes fontType,
                    NSTextAlignment textAlignment, std::optional<NSLineBreakMode> breakMode = {},
                    std::optional<float> letterSpacing = {}, std::optional<NSUnderlineStyle> lineStyle = {},
                    Ref<NSColor> lineColor = nullptr, std::optional<CustomAttribute> custom = {});
-  /// In the size and type that the application gives the role, which stops the process before it has said so.
+  /// In the size and type that the application gives the role: it is asked for the size first, and stops the
+  /// process before it has said so.
   BKUKFontSettings(BKUKBrandFont style, Ref<NSColor> textColor, NSTextAlignment textAlignment);
   /// The same in the theme's present colour for text upon `background`.
   BKUKFontSettings(BKUKBrandFont style, BKUKThemeColorBase background, NSTextAlignment textAlignment,

@@ -71,6 +71,11 @@ NSMutableAttributedString& setColor(NSMutableAttributedString& text, const Ref<N
   return range ? setColor(text, color, range) : text;
 }
 
+NSMutableAttributedString& setColor(NSMutableAttributedString& text, const Ref<NSColor>& color,
+                                    std::nullopt_t) {
+  return setColor(text, color);
+}
+
 NSMutableAttributedString& setBackgroundColor(NSMutableAttributedString& text, const Ref<NSColor>& color,
                                               std::optional<NSRange> range) {
   return add(text, NSBackgroundColorAttributeName, color, range.value_or(whole(text)));

@@ -34,6 +34,8 @@ NSMutableAttributedString& setColor(NSMutableAttributedString& text, const Ref<N
                                     std::optional<NSRange> range = {});
 NSMutableAttributedString& setColor(NSMutableAttributedString& text, const Ref<NSColor>& color,
                                     std::optional<std::string_view> forSubstring);
+NSMutableAttributedString& setColor(NSMutableAttributedString& text, const Ref<NSColor>& color,
+                                    std::nullopt_t);
 NSMutableAttributedString& setBackgroundColor(NSMutableAttributedString& text, const Ref<NSColor>& color,
                                               std::optional<NSRange> range = {});
 

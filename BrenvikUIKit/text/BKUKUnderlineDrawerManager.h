@@ -7,7 +7,8 @@
 
 namespace bkuk {
 
-/// Knows who draws which style of underline. A style without a drawer is drawn by the platform.
+/// Knows who draws which style of underline: any number but 0 is one, also a pattern alone and bits that the
+/// application gives a meaning. A style without a drawer is drawn by the platform.
 class BKUKUnderlineDrawerManager final : public NSObject {
  public:
   /// That of all labels that have none of their own. Nobody draws in it at first.

@@ -58,7 +58,7 @@ Ref<NSAttributedString> replacingCustomAttributes(const NSAttributedString& show
     // One replacement for a stretch: what it had besides is gone with it.
     if (NSMaxRange(run->range) > untouched) continue;
     const auto& [key, value] = run->attribute;
-    const auto replacement = replacer.replace(copy->attributedSubstring(run->range), key, value);
+    const auto replacement = replacer.replace(shown.attributedSubstring(run->range), key, value);
     if (!replacement) continue;
     copy->replaceCharacters(run->range, *replacement);
     untouched = run->range.location;

@@ -104,7 +104,7 @@ void NSLayoutManager::drawLine(const NSLineFragment& line, NSRange range, NSPoin
 void NSLayoutManager::drawUnderlines(const NSLineFragment& line, const NSTextPiece& piece, NSRange range,
                                      NSPoint origin) {
   const auto style = underlineOf(piece.attributes);
-  if (NSUnderlineStroke(style) == NSUnderlineStyle::none) return;
+  if (style == NSUnderlineStyle::none) return;
   const Ref<NSTextStorage> storage(storage_);
   if (!storage || NSMaxRange(range) > storage->length()) return;
   for (const auto& word : underlined(storage->string().units(), range, style)) {

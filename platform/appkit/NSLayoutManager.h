@@ -87,8 +87,9 @@ class NSLayoutManager : public NSTextStorageListener {
 
   void drawBackground(NSRange forGlyphRange, NSPoint at);
   void drawGlyphs(NSRange forGlyphRange, NSPoint at);
-  /// Draws the line under glyphs of one line that have one style. `baselineOffset` is how far the baseline is
-  /// above the lower edge of the line's used rectangle.
+  /// Draws the line under glyphs of one line that have one style. Called for every style but 0, also for a
+  /// pattern without a stroke, below which the platform draws nothing. `baselineOffset` is how far the
+  /// baseline is above the lower edge of the line's used rectangle.
   virtual void drawUnderline(NSRange forGlyphRange, NSUnderlineStyle underlineType, CGFloat baselineOffset,
                              NSRect lineFragmentRect, NSRange lineFragmentGlyphRange,
                              NSPoint containerOrigin);

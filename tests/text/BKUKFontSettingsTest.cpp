@@ -53,6 +53,15 @@ TEST_F(BKUKFontSettingsTest, PresetsFollowTheApplicationAndTheTheme) {
   EXPECT_EQ(BKUKFontSettings::caption().size, 9) << "made afresh";
 }
 
+TEST_F(BKUKFontSettingsTest, TheSizeOfARoleIsAskedForBeforeItsType) {
+  std::string asked;
+  BKUKBrandFont::size = [&](BKUKBrandFont) { return asked += "size ", 9; };
+  BKUKBrandFont::type = [&](BKUKBrandFont) { return asked += "type ", Type::bold; };
+  (void)BKUKFontSettings(BKUKBrandFont::h1, NSColor::red(), NSTextAlignment::left);
+  (void)BKUKStatefulFonts(BKUKBrandFont::h1, NSColor::red(), NSTextAlignment::left);
+  EXPECT_EQ(asked, "size type size type ");
+}
+
 TEST_F(BKUKFontSettingsTest, AttributesSayAllButHowLinesBreak) {
   const auto all = everything.fontAttributes(NSLineBreakMode::truncatingTail);
   EXPECT_EQ(all.count(), 7u);
@@ -96,8 +105,9 @@ TEST_F(BKUKFontSettingsTest, EachStateHasItsOwnTextInItsOwnColour) {
 
 TEST_F(BKUKFontSettingsTest, MarkupTakesTheSettingsOfItsTags) {
   const auto link = BKUKFontSettings::linkBody1();
-  const auto built =
-      BKUKAttributedTextXMLFactory::createAttributedText("a[b]b[/b]", {{"b", everything}}, link);
+  std::map<std::string, BKUKFontSettings> styles;
+  styles["b"] = everything;
+  const auto built = BKUKAttributedTextXMLFactory::createAttributedText("a[b]b[/b]", styles, link);
   EXPECT_EQ(built->attributes(0), link.fontAttributes());
   EXPECT_EQ(built->attributes(1), everything.fontAttributes());
 }

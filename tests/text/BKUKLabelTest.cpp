@@ -145,10 +145,12 @@ struct Replacer : BKUKCustomAttributeOperator {
   Ref<NSAttributedString> replace(const Ref<NSAttributedString>& text, const NSAttributedStringKey& key,
                                   const NSAttributeValue& value) override {
     heard.push_back(text->string().utf8() + ":" + std::string(key.text()));
+    look = text->attributes(0);
     if (!value.string()) return nullptr;
     return make<NSAttributedString>(*value.string());
   }
   std::vector<std::string> heard;
+  NSAttributeDictionary look;
 };
 
 TEST_F(BKUKLabelTest, AnOperatorReplacesWhatIsMarked) {
@@ -167,6 +169,8 @@ TEST_F(BKUKLabelTest, AnOperatorReplacesWhatIsMarked) {
   label->setStringValue("text");
   label->setCustomAttribute({{"whole", "other"}});
   EXPECT_EQ(label->stringValue(), "other");
+  EXPECT_EQ(replacer->look.object<NSFont>(NSFontAttributeName), label->font().get()) << "as it is shown";
+  EXPECT_EQ(replacer->look.find("whole")->string()->utf8(), "other");
   label->setTextColor(NSColor::red());
   EXPECT_EQ(label->builder()->build()->attributes(0).object<NSColor>(NSForegroundColorAttributeName),
             NSColor::red().get());
@@ -218,6 +222,13 @@ TEST_F(BKUKLabelTest, LeavesUnderlinesToTheirDrawers) {
   label->setUnderline(NSUnderlineStyle::single);
   host->settle();
   EXPECT_EQ(painter->calls.size(), 1u) << "a style without a drawer is the platform's";
+  for (const auto bare : {NSUnderlineStyle::patternDot, static_cast<NSUnderlineStyle>(0x10000)}) {
+    manager->set(painter, bare);
+    label->setUnderline(bare);
+    painter->calls.clear();
+    host->settle();
+    EXPECT_EQ(painter->calls.size(), 1u) << "no stroke, and a drawer all the same";
+  }
   EXPECT_EQ(manager->remove(NSUnderlineStyle::thick), painter);
   EXPECT_EQ(manager->drawer(NSUnderlineStyle::thick), nullptr);
   // A drawer may do away with the label while it is drawn.

@@ -44,6 +44,8 @@ TEST_F(BKUKNSAttributedStringExtensions, ChangesOnlyWhatIsThere) {
   EXPECT_EQ(at<NSColor>(11, NSForegroundColorAttributeName), nullptr);
   EXPECT_EQ(at<NSColor>(12, NSForegroundColorAttributeName), NSColor::red().get());
   EXPECT_EQ(at<NSColor>(16, NSBackgroundColorAttributeName), NSColor::blue().get());
+  setColor(*text, NSColor::green(), std::nullopt);
+  EXPECT_EQ(at<NSColor>(11, NSForegroundColorAttributeName), NSColor::green().get());
 }
 
 TEST_F(BKUKNSAttributedStringExtensions, EmptyTextsStayAsTheyAre) {
