@@ -37,11 +37,18 @@ target_compile_features(bkuk_options INTERFACE cxx_std_20)
 target_include_directories(bkuk_options INTERFACE ${PROJECT_SOURCE_DIR})
 target_link_libraries(bkuk_options INTERFACE Threads::Threads)
 
-# bkuk_module(NAME source...): the sources of one folder, compiled once, for the library that is made of
-# such modules.
+# bkuk_module(NAME [SOURCES] source... [HEADERS header...]): the sources of one folder, compiled once, for the
+# library that is made of such modules. With headers from outside that most of them include, these are
+# precompiled beside the standard ones.
 function(bkuk_module name)
-  add_library(${name} OBJECT ${ARGN})
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;HEADERS")
+  add_library(${name} OBJECT ${arg_SOURCES} ${arg_UNPARSED_ARGUMENTS})
   target_link_libraries(${name} PUBLIC bkuk_options)
+  if(arg_HEADERS)
+    target_precompile_headers(${name} PRIVATE ${BKUK_STANDARD_HEADERS} ${arg_HEADERS})
+  else()
+    target_precompile_headers(${name} REUSE_FROM bkuk_standard_headers)
+  endif()
   set_property(GLOBAL APPEND PROPERTY BKUK_MODULES ${name})
 endfunction()
 

@@ -3,6 +3,17 @@
 enable_testing()
 find_package(Python3 REQUIRED COMPONENTS Interpreter)
 
+# The entry of the test programs, compiled once, with what each of them includes.
+if(BKUK_BUILD_TESTS)
+  find_package(GTest REQUIRED)
+  include(GoogleTest)
+  add_library(bkuk_test_main OBJECT ${PROJECT_SOURCE_DIR}/tests/support/TestMain.cpp)
+  set_target_properties(bkuk_test_main PROPERTIES POSITION_INDEPENDENT_CODE OFF)
+  target_compile_options(bkuk_test_main PRIVATE -fPIE)
+  target_link_libraries(bkuk_test_main PUBLIC bkuk_options GTest::gmock GTest::gtest)
+  target_precompile_headers(bkuk_test_main PRIVATE ${BKUK_STANDARD_HEADERS} <gmock/gmock.h> <gtest/gtest.h>)
+endif()
+
 # Linked by every program that is built from this tree to prove something about it.
 function(_bkuk_program name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LIBRARIES")
@@ -13,11 +24,9 @@ endfunction()
 # bkuk_test(NAME SOURCES source... [LIBRARIES library...]): a GoogleTest program, whose cases become tests
 # of their own. It draws on nobody's desktop.
 function(bkuk_test name)
-  find_package(GTest REQUIRED)
-  include(GoogleTest)
   _bkuk_program(${name} ${ARGN})
-  target_sources(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests/support/TestMain.cpp)
-  target_link_libraries(${name} PRIVATE GTest::gmock GTest::gtest)
+  target_precompile_headers(${name} REUSE_FROM bkuk_test_main)
+  target_link_libraries(${name} PRIVATE bkuk_test_main)
   gtest_discover_tests(${name} TEST_PREFIX ${name}. DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60
     PROPERTIES TIMEOUT 120)
 endfunction()
