@@ -10,7 +10,7 @@ namespace bkuk::gallery {
 
 namespace {
 
-constexpr const char* unattendedDirectory = "bkuk-gallery-pages";
+constexpr const char* unattendedDirectory = "build/gallery-pages";
 
 int listPages() {
   for (const auto& entry : galleryPages()) std::printf("%s\n", std::string(entry.slug).c_str());

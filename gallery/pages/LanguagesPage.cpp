@@ -15,35 +15,47 @@ constexpr CGFloat margin = 28;
 constexpr CGFloat topMargin = 4;
 
 // Joined and tinted ones where there is a face for them, else those that are also among the symbols.
-std::string emoji() {
+LanguageCard::Sample emoji() {
   if (NSFont::font("NotoColorEmoji", 0))
-    return "At sea ⛴️ 🌊 with 👩‍✈️ 👨‍👩‍👧 and 👍🏽 from 🇳🇴";
-  return "At sea ⛴️ ⚓ in ☀️ and ☂️, back by ✈️ ☺️";
+    return {.name = "Emoji",
+            .text = "At sea ⛴️ 🌊 with 👩‍✈️ 👨‍👩‍👧 and 👍🏽 from 🇳🇴"};
+  return {.name = "Emoji",
+          .text = "At sea ⚓ in ☀️ and ☂️, back by ✈️ ☺️",
+          .remark = "As symbols: in colour with Debian’s package fonts-noto-color-emoji"};
 }
 
 // Chinese, Japanese and Korean in the faces that the kit takes for users of these languages.
 std::vector<LanguageCard::Sample> samples() {
   return {
       {.name = "English", .text = "The ferry to the outer islands leaves at ten past nine."},
-      {.name = "Norwegian, norsk", .text = "Ferja til dei ytste øyane går ti over ni, også på laurdag."},
-      {.name = "Japanese, 日本語",
+      {.name = "Norwegian",
+       .ownName = "norsk",
+       .text = "Ferja til dei ytste øyane går ti over ni, også på laurdag."},
+      {.name = "Japanese",
+       .ownName = "日本語",
        .text = "沖の島へ行くフェリーは九時十分に出ます。",
        .face = "HiraginoSans-W4"},
-      {.name = "Chinese, 中文", .text = "开往外岛的渡轮九点十分出发。", .face = "PingFangSC-Regular"},
-      {.name = "Korean, 한국어",
+      {.name = "Chinese",
+       .ownName = "中文",
+       .text = "开往外岛的渡轮九点十分出发。",
+       .face = "PingFangSC-Regular"},
+      {.name = "Korean",
+       .ownName = "한국어",
        .text = "바깥 섬으로 가는 배는 아홉 시 십 분에 떠납니다.",
        .face = "AppleSDGothicNeo-Regular"},
-      {.name = "Arabic, العربية",
+      {.name = "Arabic",
+       .ownName = "العربية",
        .text = "تغادر العبّارة إلى الجزر البعيدة في الساعة التاسعة وعشر دقائق.",
        .direction = Direction::rightToLeft},
-      {.name = "Hebrew, עברית",
+      {.name = "Hebrew",
+       .ownName = "עברית",
        .text = "המעבורת לאיים הרחוקים יוצאת בתשע ועשר דקות.",
        .direction = Direction::rightToLeft},
-      {.name = "Mixed, left to right", .text = "The signs say שלום and مرحبا, and berth 24 is ours."},
+      {.name = "Mixed", .text = "The signs say שלום and مرحبا, and berth 24 is ours."},
       {.name = "Mixed, right to left",
        .text = "המעבורת Nordlys יוצאת מרציף 24 בשעה 9:10.",
        .direction = Direction::rightToLeft},
-      {.name = "Emoji", .text = emoji()},
+      emoji(),
   };
 }
 

@@ -81,6 +81,13 @@ class NoDisplayTest(GalleryTestCase):
             for path in paths:
                 self.assertEqual(pathlib.Path(path).read_bytes()[:8], PNG_SIGNATURE)
 
+    def test_writes_below_build_where_no_folder_is_given(self):
+        with NoDisplay() as desktop, tempfile.TemporaryDirectory() as directory:
+            program = desktop.run('env', '-C', directory, PROGRAM, '--page', 'trigger', '--direction', 'ltr')
+            self.assertEqual(program.output(), ['build/gallery-pages/trigger-light.png'])
+            self.assertIn('build/gallery-pages', program.errors[0])
+            self.assertEqual([path.name for path in pathlib.Path(directory).iterdir()], ['build'])
+
 
 if __name__ == '__main__':
     unittest.main(verbosity=2)
