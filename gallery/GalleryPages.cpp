@@ -1,6 +1,6 @@
 #include "gallery/GalleryPage.h"
 #include "gallery/pages/AnimationPage.h"
-#include "gallery/pages/ColourRolesPage.h"
+#include "gallery/pages/ColorRolesPage.h"
 #include "gallery/pages/FillsPage.h"
 #include "gallery/pages/FontsPage.h"
 #include "gallery/pages/KeyboardPage.h"
@@ -25,7 +25,7 @@ Ref<GalleryPage> makePageOf() {
 
 std::span<const GalleryPageEntry> galleryPages() {
   static constexpr GalleryPageEntry pages[] = {
-      {"Colour roles", "colour-roles", makePageOf<ColourRolesPage>},
+      {"Colour roles", "colour-roles", makePageOf<ColorRolesPage>},
       {"Shapes", "shapes", makePageOf<ShapesPage>},
       {"Fills and shadows", "fills", makePageOf<FillsPage>},
       {"Animation", "animation", makePageOf<AnimationPage>},

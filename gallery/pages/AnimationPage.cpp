@@ -1,5 +1,6 @@
 #include "gallery/pages/AnimationPage.h"
 
+#include "gallery/chrome/Captions.h"
 #include "gallery/chrome/Direction.h"
 
 namespace bkuk::gallery {
@@ -34,12 +35,6 @@ const std::vector<FrameRow::Settings>& rowSettings() {
 constexpr std::string_view curves[] = {kCAMediaTimingFunctionLinear, kCAMediaTimingFunctionEaseIn,
                                        kCAMediaTimingFunctionEaseOut, kCAMediaTimingFunctionEaseInEaseOut,
                                        kCAMediaTimingFunctionDefault};
-
-Ref<TextLabel> makeHeading(std::string text) {
-  return make<TextLabel>(
-      std::move(text),
-      TextLabel::Style{.size = 12.5, .weight = 600, .color = role(Role::onBackgroundSecondary)});
-}
 
 CGFloat heightOfRows(std::size_t count) {
   return static_cast<CGFloat>(count) * (FrameRow::height + rowGap) - rowGap;

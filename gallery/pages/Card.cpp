@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "gallery/chrome/Captions.h"
 #include "gallery/chrome/Described.h"
 
 namespace bkuk::gallery {
@@ -20,15 +21,12 @@ constexpr CGFloat contentTop = 66;
 
 Card::Card(std::string title, std::string remark)
     : Box({.fill = role(Role::surface), .border = role(Role::onSurfaceExtraLight), .cornerRadius = 14}),
-      title_(make<TextLabel>(std::move(title),
-                             TextLabel::Style{.size = 13.5, .weight = 600, .color = role(Role::onSurface)})),
-      remark_(make<TextLabel>(std::move(remark),
-                              TextLabel::Style{.size = 11.5, .color = role(Role::onSurfaceSecondary)})) {}
+      title_(makeHeading(std::move(title), role(Role::onSurface))),
+      remark_(makeRemark(std::move(remark), role(Role::onSurfaceSecondary))) {}
 
 void Card::didInit() {
   Box::didInit();
   describe(*this, NSAccessibilityGroupRole, title_->text());
-  title_->setAccessibilityRole(NSAccessibilityHeadingRole);
   addSubview(title_);
   addSubview(remark_);
 }

@@ -1,5 +1,6 @@
 #include "gallery/pages/CurveLane.h"
 
+#include "gallery/chrome/Captions.h"
 #include "gallery/chrome/Described.h"
 #include "gallery/chrome/Direction.h"
 
@@ -24,8 +25,7 @@ constexpr NSRect plotFrame{0, (CurveLane::height - plotSize) / 2, plotSize, plot
 
 CurveLane::CurveLane(std::string_view curve)
     : curve_(make<CAMediaTimingFunction>(curve)),
-      name_(make<TextLabel>(std::string(curve),
-                            TextLabel::Style{.size = 13.5, .weight = 600, .color = role(Role::onSurface)})),
+      name_(makeHeading(std::string(curve), role(Role::onSurface))),
       dot_(make<Box>(Box::Look{.fill = role(Role::accent), .cornerRadius = dotSize / 2})) {}
 
 void CurveLane::didInit() {

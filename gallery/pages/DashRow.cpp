@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <utility>
 
+#include "gallery/chrome/Captions.h"
 #include "gallery/chrome/Described.h"
 #include "gallery/chrome/Direction.h"
 
@@ -23,11 +24,6 @@ constexpr CGFloat captionHeight = 18;
 constexpr CGFloat endWidth = 1;
 constexpr CGFloat endHeight = 18;
 
-Ref<TextLabel> makeLabel(std::string text, CGFloat size, int weight, Role color) {
-  return make<TextLabel>(std::move(text),
-                         TextLabel::Style{.size = size, .weight = weight, .color = role(color)});
-}
-
 /// "14 · 5 · 3 · 6.21"
 std::string lengthsText(const std::vector<CGFloat>& lengths) {
   std::string text;
@@ -44,8 +40,8 @@ std::string lengthsText(const std::vector<CGFloat>& lengths) {
 DashRow::DashRow(BKUKLinePatternModification modification, std::string name, std::string detail)
     : Box({.fill = role(Role::surface), .border = role(Role::onSurfaceExtraLight), .cornerRadius = 14}),
       modification_(modification),
-      name_(makeLabel(std::move(name), 13.5, 600, Role::onSurface)),
-      detail_(makeLabel(std::move(detail), 12, 400, Role::onSurfaceSecondary)) {}
+      name_(makeHeading(std::move(name), role(Role::onSurface))),
+      detail_(makeRemark(std::move(detail), role(Role::onSurfaceSecondary))) {}
 
 void DashRow::didInit() {
   Box::didInit();
@@ -59,7 +55,7 @@ void DashRow::didInit() {
   const DashedSample::Course courses[] = {DashedSample::Course::line, DashedSample::Course::outline};
   for (std::size_t i = 0; i < columns_.size(); ++i) {
     columns_[i] = {make<DashedSample>(courses[i], DashedSample::Dashes(), role(Role::accent)),
-                   makeLabel("", 11, 400, Role::onSurfaceSecondary)};
+                   makeRemark("", role(Role::onSurfaceSecondary))};
     describeImage(*columns_[i].sample, i == 0 ? "Line" : "Outline");
     addSubview(columns_[i].sample);
     addSubview(columns_[i].lengths);

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <utility>
 
+#include "gallery/chrome/Captions.h"
 #include "gallery/chrome/Direction.h"
 #include "gallery/pages/FillSamples.h"
 
@@ -40,9 +41,7 @@ void FillsPage::didInit() {
 }
 
 void FillsPage::addSection(const char* title, std::vector<Ref<Specimen>> specimens, CGFloat height) {
-  Section section{
-      make<TextLabel>(title, TextLabel::Style{.size = 16, .weight = 600, .color = role(Role::onBackground)}),
-      std::move(specimens), height};
+  Section section{makeHeading(title), std::move(specimens), height};
   addSubview(section.title);
   for (const auto& specimen : section.specimens) addSubview(specimen);
   sections_.push_back(std::move(section));
@@ -50,14 +49,9 @@ void FillsPage::addSection(const char* title, std::vector<Ref<Specimen>> specime
 
 void FillsPage::makeTurningGradient() {
   turning_ = make<BKUKGradientView>(BKUKFillView::Look{.corner = BKUKCornerSettings::radius(16)});
-  degreesName_ = make<TextLabel>(
-      "degrees", TextLabel::Style{.size = 12.5, .weight = 500, .color = role(Role::onBackground)});
-  degreesRemark_ = make<TextLabel>("Starts on the side of the angle, a little beyond the edge",
-                                   TextLabel::Style{.size = 11, .color = role(Role::onBackgroundSecondary)});
-  degreesValue_ = make<TextLabel>("", TextLabel::Style{.size = 12.5,
-                                                       .weight = 500,
-                                                       .color = role(Role::onBackground),
-                                                       .alignment = TextLabel::Alignment::trailing});
+  degreesName_ = makeCaption("degrees");
+  degreesRemark_ = makeRemark("Starts on the side of the angle, a little beyond the edge");
+  degreesValue_ = makeCaption("", role(Role::onBackground), TextLabel::Alignment::trailing);
   degrees_ = make<Slider>(Slider::Range{.least = 0, .greatest = 360, .step = 5}, firstAngle,
                           [this](CGFloat degrees) { turnGradient(degrees); });
   addSubview(turning_);

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "gallery/chrome/Captions.h"
 #include "gallery/chrome/Described.h"
 #include "gallery/chrome/Direction.h"
 
@@ -26,13 +27,6 @@ constexpr std::uint32_t framesOfEndlessBar = 60;
 
 constexpr const char* phaseNames[] = {"start", "middle", "finish"};
 
-Ref<TextLabel> makeLabel(std::string text, CGFloat size, int weight, Role color,
-                         TextLabel::Alignment alignment = TextLabel::Alignment::leading) {
-  return make<TextLabel>(
-      std::move(text),
-      TextLabel::Style{.size = size, .weight = weight, .color = role(color), .alignment = alignment});
-}
-
 }  // namespace
 
 FrameRow::FrameRow(Settings settings, Handler finished)
@@ -40,13 +34,13 @@ FrameRow::FrameRow(Settings settings, Handler finished)
       context_(
           make<BKUKLinearAnimationContext>(settings.frames, settings.startingFrame, settings.frameSpacing)),
       finished_(std::move(finished)),
-      name_(makeLabel(std::move(settings.name), 13.5, 600, Role::onSurface)),
-      detail_(makeLabel(std::move(settings.detail), 12, 400, Role::onSurfaceSecondary)),
+      name_(makeHeading(std::move(settings.name), role(Role::onSurface))),
+      detail_(makeRemark(std::move(settings.detail), role(Role::onSurfaceSecondary))),
       track_(make<FrameTrack>(FrameTrack::Frames{.count = settings.frames.value_or(framesOfEndlessBar),
                                                  .starting = settings.startingFrame,
                                                  .spacing = settings.frameSpacing,
                                                  .isEndless = !settings.frames})),
-      count_(makeLabel("", 11, 400, Role::onSurfaceSecondary)) {}
+      count_(makeRemark("", role(Role::onSurfaceSecondary))) {}
 
 void FrameRow::didInit() {
   Box::didInit();
@@ -58,7 +52,7 @@ void FrameRow::didInit() {
   }
   for (std::size_t i = 0; i < phases_.size(); ++i) {
     phases_[i] = {make<Box>(),
-                  makeLabel(phaseNames[i], 11.5, 600, Role::onSurfaceDisabled, TextLabel::Alignment::center)};
+                  makeCaption(phaseNames[i], role(Role::onSurfaceSecondary), TextLabel::Alignment::center)};
     phases_[i].box->addSubview(phases_[i].name);
     addSubview(phases_[i].box);
     light(phases_[i], false);

@@ -2,8 +2,8 @@
 
 #include "BrenvikUIKit/interaction/BKUKKeyCodes.h"
 #include "BrenvikUIKit/interaction/BKUKWindow.h"
+#include "gallery/chrome/Captions.h"
 #include "gallery/chrome/Direction.h"
-#include "gallery/chrome/Heading.h"
 #include "gallery/pages/Grid.h"
 
 namespace bkuk::gallery {

@@ -3,6 +3,8 @@
 #include <cmath>
 #include <utility>
 
+#include "gallery/chrome/Captions.h"
+
 namespace bkuk::gallery {
 
 namespace {
@@ -14,7 +16,8 @@ using Views = std::map<std::string, NSLayoutItem*>;
 constexpr auto horizontal = NSLayoutConstraintOrientation::horizontal;
 constexpr CGFloat margin = 28;
 constexpr CGFloat cardGap = 18;
-constexpr CGFloat narrowestShare = 45;  // per cent
+constexpr CGFloat narrowestStage = 420;
+constexpr CGFloat narrowestTile = 64;  // room for a few letters
 
 template <typename T>
 Ref<T> placed(NSView& parent, Ref<T> view) {
@@ -53,6 +56,7 @@ Tile placedTile(NSView& parent, std::string text, bool isAccented = false) {
                           .alignment = TextLabel::Alignment::center});
   activate("H:|-12-[text]-12-|", {{"text", tile.text.get()}});
   activate("V:|-8-[text]-8-|", {{"text", tile.text.get()}});
+  activate({tile.box->widthAnchor()->constraintGreaterThanOrEqualToConstant(narrowestTile)});
   return tile;
 }
 
@@ -70,34 +74,40 @@ void LayoutPage::didInit() {
   activate({cards_.back()->bottomAnchor()->constraintLessThanOrEqualTo(bottomAnchor(), -margin)});
 }
 
-// The cards share the guide's width, which the slider sets as a part of the page's.
+// The cards share the guide's width, which the slider sets between a least one and the page's.
 void LayoutPage::makeWidthControl() {
-  widthName_ = placedText(*this, "Width of the cards",
-                          {.size = 12.5, .weight = 500, .color = role(Role::onBackground)});
-  widthValue_ =
-      placedText(*this, "100 %", {.size = 12.5, .weight = 500, .color = role(Role::onBackgroundSecondary)});
-  stageWidth_ = stage_->trailingAnchor()->constraintEqualTo(trailingAnchor(), -margin);
-  width_ = placed(*this, make<Slider>(Slider::Range{.least = narrowestShare, .greatest = 100, .step = 1}, 100,
-                                      [this](CGFloat share) {
-                                        widthValue_->setText(std::to_string(std::lround(share)) + " %");
-                                        const CGFloat whole = bounds().width() - 2 * margin;
-                                        stageWidth_->setConstant(-margin - whole * (100 - share) / 100);
-                                      }));
+  widthName_ = placed(*this, makeCaption("Width of the cards"));
+  widthValue_ = placed(*this, makeCaption(""));
+  width_ = placed(*this, make<Slider>(Slider::Range{.least = 0, .greatest = 100, .step = 1}, 100,
+                                      [this](CGFloat percent) { setStageShare(percent / 100); }));
+  width_->setAccessibilityLabel("Width of the cards");
   const Views views{{"name", widthName_.get()}, {"slider", width_.get()}, {"value", widthValue_.get()}};
   activate("H:|-28-[name]-14-[slider(220)]-10-[value]", views, NSLayoutFormatAlignAllCenterY);
   activate({width_->topAnchor()->constraintEqualTo(topAnchor(), 2),
             width_->heightAnchor()->constraintEqualToConstant(Slider::height),
-            stage_->leadingAnchor()->constraintEqualTo(leadingAnchor(), margin), stageWidth_});
+            stage_->leadingAnchor()->constraintEqualTo(leadingAnchor(), margin)});
+  setStageShare(1);
+}
+
+// Linear in the page's width, so that it keeps its share of what is beyond the least when the window grows.
+void LayoutPage::setStageShare(CGFloat share) {
+  if (stageWidth_) stageWidth_->setActive(false);
+  stageWidth_ = stage_->widthAnchor()->constraintEqualTo(widthAnchor(), share,
+                                                         narrowestStage * (1 - share) - 2 * margin * share);
+  stageWidth_->setActive(true);
+}
+
+void LayoutPage::layout() {
+  GalleryPage::layout();
+  widthValue_->setText(std::to_string(std::lround(stage_->frame().width())) + " pt");
 }
 
 Ref<Box> LayoutPage::addCard(std::string title, std::string remark) {
   const auto card = placed<Box>(*this, make<Box>(Box::Look{.fill = role(Role::surface),
                                                            .border = role(Role::onSurfaceExtraLight),
                                                            .cornerRadius = 14}));
-  const auto name =
-      placedText(*card, std::move(title), {.size = 13.5, .weight = 600, .color = role(Role::onSurface)});
-  const auto text =
-      placedText(*card, std::move(remark), {.size = 11.5, .color = role(Role::onSurfaceSecondary)});
+  const auto name = placed(*card, makeHeading(std::move(title), role(Role::onSurface)));
+  const auto text = placed(*card, makeRemark(std::move(remark), role(Role::onSurfaceSecondary)));
   const auto above = cards_.empty() ? width_->bottomAnchor() : cards_.back()->bottomAnchor();
   activate("V:|-14-[name]-2-[text]", {{"name", name.get()}, {"text", text.get()}},
            NSLayoutFormatAlignAllLeading | NSLayoutFormatAlignAllTrailing);
@@ -130,11 +140,8 @@ void LayoutPage::makeForm() {
   const std::pair<const char*, const char*> rows[] = {
       {"Name", "Adelheid Brenvik"}, {"Street and number", "Havneveien 12"}, {"Note", "Rings twice"}};
   for (const auto& [caption, content] : rows) {
-    const auto name = placedText(*card, caption,
-                                 {.size = 12,
-                                  .weight = 500,
-                                  .color = role(Role::onSurfaceSecondary),
-                                  .alignment = TextLabel::Alignment::trailing});
+    const auto name =
+        placed(*card, makeCaption(caption, role(Role::onSurface), TextLabel::Alignment::trailing));
     const auto field = placed<Box>(*card, make<Box>(Box::Look{.fill = role(Role::background),
                                                               .border = role(Role::onSurfaceLight),
                                                               .cornerRadius = 7,

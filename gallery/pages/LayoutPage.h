@@ -15,12 +15,15 @@ class LayoutPage : public GalleryPage {
  public:
   [[nodiscard]] CGFloat heightForWidth(CGFloat width) const override;
   [[nodiscard]] std::vector<NSView*> keyViews() const override;
+  void layout() override;
 
  protected:
   void didInit() override;
 
  private:
   void makeWidthControl();
+  /// How much of the page's width beyond the least one the cards take, 0 to 1.
+  void setStageShare(CGFloat share);
   /// A card with a title and a remark, below those before.
   Ref<Box> addCard(std::string title, std::string remark);
   void makeEqualRow();

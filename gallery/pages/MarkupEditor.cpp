@@ -84,6 +84,7 @@ std::size_t MarkupEditor::behind(std::size_t index) const {
 
 bool MarkupEditor::becomeFirstResponder() {
   showFocus(true);
+  scrollToVisible(bounds());
   return true;
 }
 

@@ -2,6 +2,7 @@
 #include <string>
 #include <utility>
 
+#include "gallery/chrome/Captions.h"
 #include "gallery/chrome/Direction.h"
 #include "gallery/pages/FontCards.h"
 #include "gallery/pages/LabelText.h"
@@ -63,10 +64,9 @@ class MetricsCard : public Card {
   };
 
   void addRule(const std::string& name, CGFloat height) {
-    const Rule rule{height,
-                    make<Box>(Box::Look{.fill = role(height == 0 ? Role::accent : Role::onSurfaceLight)}),
-                    make<TextLabel>(name + (height == 0 ? "" : ", " + pointsText(height)),
-                                    TextLabel::Style{.size = 11, .color = role(Role::onSurfaceSecondary)})};
+    const Rule rule{
+        height, make<Box>(Box::Look{.fill = role(height == 0 ? Role::accent : Role::onSurfaceLight)}),
+        makeRemark(name + (height == 0 ? "" : ", " + pointsText(height)), role(Role::onSurfaceSecondary))};
     addSubview(rule.line);
     addSubview(rule.caption);
     rules_.push_back(rule);

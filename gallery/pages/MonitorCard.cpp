@@ -1,7 +1,7 @@
 #include "gallery/pages/MonitorCard.h"
 
+#include "gallery/chrome/Captions.h"
 #include "gallery/chrome/Direction.h"
-#include "gallery/chrome/Palette.h"
 
 namespace bkuk::gallery {
 
@@ -17,10 +17,8 @@ constexpr CGFloat padding = 16;
 MonitorCard::MonitorCard(std::string name, std::string keys, Ref<BKUKKeyMonitor> monitor)
     : Box({.fill = role(Role::surface), .border = role(Role::onSurfaceExtraLight), .cornerRadius = 14}),
       monitor_(std::move(monitor)),
-      name_(make<TextLabel>(std::move(name),
-                            TextLabel::Style{.size = 14, .weight = 600, .color = role(Role::onSurface)})),
-      keys_(make<TextLabel>(std::move(keys),
-                            TextLabel::Style{.size = 12.5, .color = role(Role::onSurfaceSecondary)})) {}
+      name_(makeHeading(std::move(name), role(Role::onSurface))),
+      keys_(makeRemark(std::move(keys), role(Role::onSurfaceSecondary))) {}
 
 void MonitorCard::didInit() {
   Box::didInit();

@@ -1,6 +1,7 @@
 #include <string>
 #include <utility>
 
+#include "gallery/chrome/Captions.h"
 #include "gallery/chrome/Direction.h"
 #include "gallery/pages/FontCards.h"
 #include "gallery/pages/LabelText.h"
@@ -61,11 +62,9 @@ class RolesCard : public Card {
   void addRow(const char* name, BKUKBrandFont style) {
     const BKUKFontSettings look(style, BKUKTheme::onSurface(), NSTextAlignment::natural);
     auto remark = pointsText(look.size) + ", " + std::string(nameOf(look.type));
-    const Row row{
-        make<TextLabel>(name, TextLabel::Style{.size = 12.5, .weight = 500, .color = role(Role::onSurface)}),
-        make<TextLabel>(std::move(remark),
-                        TextLabel::Style{.size = 11, .color = role(Role::onSurfaceSecondary)}),
-        makeTightLabel("Harbour light", look)};
+    const Row row{makeCaption(name, role(Role::onSurface)),
+                  makeRemark(std::move(remark), role(Role::onSurfaceSecondary)),
+                  makeTightLabel("Harbour light", look)};
     row.sample->setLineBreakMode(NSLineBreakMode::truncatingTail);
     addSubview(row.name);
     addSubview(row.remark);

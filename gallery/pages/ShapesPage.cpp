@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "gallery/chrome/Captions.h"
 #include "gallery/chrome/Direction.h"
 
 namespace bkuk::gallery {
@@ -50,20 +51,13 @@ const std::vector<NamedPattern>& patterns() {
   return list;
 }
 
-Ref<TextLabel> makeLabel(std::string text, CGFloat size, int weight, Role color,
-                         TextLabel::Alignment alignment = TextLabel::Alignment::leading) {
-  return make<TextLabel>(
-      std::move(text),
-      TextLabel::Style{.size = size, .weight = weight, .color = role(color), .alignment = alignment});
-}
-
 }  // namespace
 
 void ShapesPage::didInit() {
   GalleryPage::didInit();
   makeControls();
   for (const char* heading : {"Open path", "Looping path"}) {
-    headings_.push_back(makeLabel(heading, 12.5, 600, Role::onBackgroundSecondary));
+    headings_.push_back(makeHeading(heading));
     addSubview(headings_.back());
   }
   for (const auto& each : modifications) {
@@ -79,10 +73,10 @@ void ShapesPage::makeControls() {
   for (const auto& pattern : patterns()) names.emplace_back(pattern.name);
   patternChoice_ = make<Choice>(Choice::Arrangement::segments, std::move(names), 1,
                                 [this](std::size_t index) { showPattern(index); });
-  lengthLabel_ = makeLabel("Length", 12.5, 500, Role::onBackgroundSecondary, TextLabel::Alignment::trailing);
+  lengthLabel_ = makeCaption("Length", role(Role::onBackground), TextLabel::Alignment::trailing);
   length_ = make<Slider>(Slider::Range{.least = 0.2, .greatest = 1, .step = 0.005}, firstExtent,
                          [this](CGFloat extent) { showExtent(extent); });
-  lengthValue_ = makeLabel("", 12.5, 500, Role::onBackground, TextLabel::Alignment::trailing);
+  lengthValue_ = makeCaption("", role(Role::onBackground), TextLabel::Alignment::trailing);
   patternChoice_->setAccessibilityLabel("Pattern");
   length_->setAccessibilityLabel("Length");
   addSubview(patternChoice_);

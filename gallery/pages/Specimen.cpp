@@ -2,22 +2,13 @@
 
 #include <utility>
 
+#include "gallery/chrome/Captions.h"
 #include "gallery/chrome/Described.h"
 
 namespace bkuk::gallery {
 
-namespace {
-
-using Role = BKUKThemeColorRole;
-
-}  // namespace
-
 Specimen::Specimen(Ref<NSView> shown, std::string name, std::string remark)
-    : shown_(std::move(shown)),
-      name_(make<TextLabel>(
-          std::move(name), TextLabel::Style{.size = 12.5, .weight = 500, .color = role(Role::onBackground)})),
-      remark_(make<TextLabel>(std::move(remark),
-                              TextLabel::Style{.size = 11, .color = role(Role::onBackgroundSecondary)})) {}
+    : shown_(std::move(shown)), name_(makeCaption(std::move(name))), remark_(makeRemark(std::move(remark))) {}
 
 void Specimen::didInit() {
   NSView::didInit();

@@ -3,8 +3,8 @@
 #include <array>
 #include <cstdio>
 
+#include "gallery/chrome/Captions.h"
 #include "gallery/chrome/Direction.h"
-#include "gallery/chrome/Heading.h"
 #include "gallery/pages/Grid.h"
 #include "platform/appkit/NSApplication.h"
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "gallery/chrome/Captions.h"
 #include "gallery/chrome/Described.h"
 #include "gallery/chrome/Direction.h"
 #include "gallery/pages/RoleName.h"
@@ -26,13 +27,6 @@ constexpr CGFloat widestSwatch = 190;
 constexpr Opacity emphases[] = {Opacity::primary, Opacity::secondary, Opacity::light, Opacity::extraLight,
                                 Opacity::disabled};
 
-Ref<TextLabel> makeLabel(std::string_view text, Color color, CGFloat size, int weight,
-                         TextLabel::Alignment alignment = TextLabel::Alignment::leading) {
-  return make<TextLabel>(
-      std::string(text),
-      TextLabel::Style{.size = size, .weight = weight, .color = std::move(color), .alignment = alignment});
-}
-
 }  // namespace
 
 SurfaceCard::SurfaceCard(BKUKThemeColorBase surface)
@@ -44,7 +38,7 @@ SurfaceCard::SurfaceCard(BKUKThemeColorBase surface)
 void SurfaceCard::didInit() {
   Box::didInit();
   describe(*this, NSAccessibilityGroupRole, std::string(roleName(baseRole(surface_))));
-  title_ = makeLabel(roleName(baseRole(surface_)), role(onRole(surface_, Opacity::primary)), 16, 600);
+  title_ = makeHeading(std::string(roleName(baseRole(surface_))), role(onRole(surface_, Opacity::primary)));
   addSubview(title_);
   for (const Opacity emphasis : emphases) addContentColor(emphasis);
   for (const int steps : {0, 1, 2}) addVariant(steps);
@@ -56,7 +50,7 @@ void SurfaceCard::addContentColor(Opacity opacity) {
   const bool isForText = opacity == Opacity::primary || opacity == Opacity::secondary;
   const Role ink = isForText ? content : onRole(surface_, Opacity::secondary);
   contentColors_.push_back({make<Box>(Box::Look{.fill = role(content), .cornerRadius = dotSize / 2}),
-                            makeLabel(roleName(content), role(ink), 12.5, 500)});
+                            makeCaption(std::string(roleName(content)), role(ink))});
   addSubview(contentColors_.back().dot);
   addSubview(contentColors_.back().name);
 }
@@ -70,7 +64,7 @@ void SurfaceCard::addVariant(int steps) {
   const Box::Look look{
       .fill = role(variant), .border = role(onRole(surface_, Opacity::extraLight)), .cornerRadius = 8};
   variants_.push_back(
-      {variant, make<Box>(look), makeLabel(roleName(variant), ink, 12, 500), makeLabel("", ink, 11, 400)});
+      {variant, make<Box>(look), makeCaption(std::string(roleName(variant)), ink), makeRemark("", ink)});
   const auto& added = variants_.back();
   added.swatch->addSubview(added.name);
   added.swatch->addSubview(added.value);

@@ -2,8 +2,8 @@
 
 #include <cstdio>
 
+#include "gallery/chrome/Captions.h"
 #include "gallery/chrome/Direction.h"
-#include "gallery/chrome/Heading.h"
 #include "gallery/pages/TriggerButton.h"
 #include "host/Host.h"
 
@@ -67,7 +67,7 @@ Ref<BKUKTriggerView> TriggerPage::makeTrigger(std::string title, std::string lab
 TriggerPage::Delay TriggerPage::makeDelay(std::string name, Slider::Range range, CGFloat seconds,
                                           void (BKUKTriggerView::*apply)(double)) {
   Delay delay;
-  delay.name = make<TextLabel>(described(name, seconds), TextLabel::Style{.color = role(Role::onBackground)});
+  delay.name = makeCaption(described(name, seconds));
   delay.slider =
       make<Slider>(range, seconds, [this, name, apply, label = Weak<TextLabel>(delay.name)](CGFloat value) {
         for (const auto& trigger : {decrease_, increase_}) (trigger.get()->*apply)(value);

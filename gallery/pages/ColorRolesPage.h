@@ -3,14 +3,14 @@
 #include <vector>
 
 #include "gallery/GalleryPage.h"
-#include "gallery/pages/SingleColourSwatch.h"
+#include "gallery/pages/SingleColorSwatch.h"
 #include "gallery/pages/SurfaceCard.h"
 
 namespace bkuk::gallery {
 
 /// Every colour role by name: a card for each surface with the colours of the content upon it, then the
 /// colours that stand alone.
-class ColourRolesPage : public GalleryPage {
+class ColorRolesPage : public GalleryPage {
  public:
   [[nodiscard]] CGFloat heightForWidth(CGFloat width) const override;
   void layout() override;
@@ -20,7 +20,7 @@ class ColourRolesPage : public GalleryPage {
 
  private:
   std::vector<Ref<SurfaceCard>> cards_;
-  std::vector<Ref<SingleColourSwatch>> singles_;
+  std::vector<Ref<SingleColorSwatch>> singles_;
 };
 
 }  // namespace bkuk::gallery

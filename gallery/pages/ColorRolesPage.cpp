@@ -1,4 +1,4 @@
-#include "gallery/pages/ColourRolesPage.h"
+#include "gallery/pages/ColorRolesPage.h"
 
 #include <algorithm>
 
@@ -33,31 +33,31 @@ Grid cardGrid(CGFloat pageWidth) {
 Grid singleGrid(CGFloat pageWidth) {
   return {.width = pageWidth - 2 * margin,
           .narrowest = 132,
-          .cellHeight = SingleColourSwatch::height,
+          .cellHeight = SingleColorSwatch::height,
           .gap = gap,
           .maxColumns = 6};
 }
 
 }  // namespace
 
-void ColourRolesPage::didInit() {
+void ColorRolesPage::didInit() {
   GalleryPage::didInit();
   for (const Base surface : surfaces) {
     cards_.push_back(make<SurfaceCard>(surface));
     addSubview(cards_.back());
   }
   for (const Role single : singles) {
-    singles_.push_back(make<SingleColourSwatch>(single));
+    singles_.push_back(make<SingleColorSwatch>(single));
     addSubview(singles_.back());
   }
 }
 
-CGFloat ColourRolesPage::heightForWidth(CGFloat width) const {
+CGFloat ColorRolesPage::heightForWidth(CGFloat width) const {
   return topMargin + cardGrid(width).heightOf(cards_.size()) + gap +
          singleGrid(width).heightOf(singles_.size()) + margin;
 }
 
-void ColourRolesPage::layout() {
+void ColorRolesPage::layout() {
   const CGFloat width = bounds().width();
   const Grid cards = cardGrid(width);
   for (std::size_t i = 0; i < cards_.size(); ++i) {

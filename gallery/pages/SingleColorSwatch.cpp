@@ -1,5 +1,6 @@
-#include "gallery/pages/SingleColourSwatch.h"
+#include "gallery/pages/SingleColorSwatch.h"
 
+#include "gallery/chrome/Captions.h"
 #include "gallery/chrome/Described.h"
 #include "gallery/pages/RoleName.h"
 
@@ -12,30 +13,29 @@ constexpr CGFloat boxHeight = 64;
 
 }  // namespace
 
-void SingleColourSwatch::didInit() {
+void SingleColorSwatch::didInit() {
   NSView::didInit();
   box_ = make<Box>(
       Box::Look{.fill = role(role_), .border = role(Role::onBackgroundExtraLight), .cornerRadius = 12});
-  name_ = make<TextLabel>(std::string(roleName(role_)),
-                          TextLabel::Style{.size = 12.5, .weight = 500, .color = role(Role::onBackground)});
-  value_ = make<TextLabel>("", TextLabel::Style{.size = 11, .color = role(Role::onBackgroundSecondary)});
+  name_ = makeCaption(std::string(roleName(role_)));
+  value_ = makeRemark("");
   addSubview(box_);
   addSubview(name_);
   addSubview(value_);
   showValue();
 }
 
-void SingleColourSwatch::showValue() {
+void SingleColorSwatch::showValue() {
   value_->setText(hexText(*BKUKTheme::color(role_)));
   describeImage(*this, name_->text() + ", " + value_->text());
 }
 
-void SingleColourSwatch::viewDidChangeEffectiveAppearance() {
+void SingleColorSwatch::viewDidChangeEffectiveAppearance() {
   NSView::viewDidChangeEffectiveAppearance();
   showValue();
 }
 
-void SingleColourSwatch::layout() {
+void SingleColorSwatch::layout() {
   const CGFloat width = bounds().width();
   box_->setFrame({0, 0, width, boxHeight});
   name_->setFrame({2, boxHeight + 6, width - 4, 20});

@@ -6,11 +6,11 @@
 namespace bkuk::gallery {
 
 /// A colour that has no variants, with its name and value below it.
-class SingleColourSwatch : public NSView {
+class SingleColorSwatch : public NSView {
  public:
   static constexpr CGFloat height = 112;  ///< points
 
-  explicit SingleColourSwatch(BKUKThemeColorRole which) : role_(which) {}
+  explicit SingleColorSwatch(BKUKThemeColorRole which) : role_(which) {}
 
   [[nodiscard]] bool isFlipped() const override { return true; }
   void layout() override;
