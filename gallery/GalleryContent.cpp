@@ -1,5 +1,7 @@
 #include "gallery/GalleryContent.h"
 
+#include <algorithm>
+
 #include "gallery/chrome/Direction.h"
 
 namespace bkuk::gallery {
@@ -9,7 +11,8 @@ namespace {
 using Role = BKUKThemeColorRole;
 
 constexpr CGFloat sidebarWidth = 216;
-constexpr CGFloat sidebarPadding = 12;
+constexpr CGFloat sidebarPadding = 24;
+constexpr CGFloat listBottom = 12;
 constexpr CGFloat productNameTop = 22;
 constexpr CGFloat pageListTop = 64;
 constexpr CGFloat headerHeight = 76;
@@ -61,7 +64,7 @@ void GalleryContent::didInit() {
   Box::didInit();
   makeSidebar();
   makeHeader();
-  scroller_ = make<Scroller>();
+  scroller_ = make<Scroller>(role(Role::background));
   addSubview(scroller_);
   showPage(pageIndex_);
 }
@@ -73,9 +76,13 @@ void GalleryContent::makeSidebar() {
   pageList_ = make<Choice>(Choice::Arrangement::list, namesOf(galleryPages()), pageIndex_,
                            [this](std::size_t index) { showPage(index); });
   pageList_->setAccessibilityLabel("Pages");
+  listScroller_ = make<Scroller>(Color(), Scroller::KeyView::never);
+  listScroller_->setAccessibilityLabel("Contents");
   addSubview(sidebar_);
   sidebar_->addSubview(productName_);
-  sidebar_->addSubview(pageList_);
+  sidebar_->addSubview(listScroller_);
+  listScroller_->setContent(
+      pageList_, [list = pageList_.get()](CGFloat) { return list->fittingSize().height + listBottom; });
 }
 
 void GalleryContent::makeHeader() {
@@ -111,20 +118,20 @@ void GalleryContent::showPage(std::size_t index) {
   page_ = entry.makePage();
   title_->setText(std::string(entry.name));
   scroller_->setAccessibilityLabel(std::string(entry.name));
-  scroller_->setPage(page_);
+  scroller_->setContent(page_, [page = page_.get()](CGFloat width) { return page->heightForWidth(width); });
   linkKeyViews();
 }
 
 CGFloat GalleryContent::heightForWholePage(CGFloat width) const {
-  return headerHeight + page_->heightForWidth(width - sidebarWidth);
+  const CGFloat list = pageListTop + pageList_->fittingSize().height + listBottom;
+  return std::max(list, headerHeight + page_->heightForWidth(width - sidebarWidth));
 }
 
 void GalleryContent::layout() {
   const NSSize size = bounds().size;
   sidebar_->setFrame(fromLeading(*this, {0, 0, sidebarWidth, size.height}));
-  const CGFloat sidebarInner = sidebarWidth - 2 * sidebarPadding;
-  productName_->setFrame({2 * sidebarPadding, productNameTop, sidebarInner - 2 * sidebarPadding, 24});
-  pageList_->setFrame({sidebarPadding, pageListTop, sidebarInner, pageList_->fittingSize().height});
+  productName_->setFrame({sidebarPadding, productNameTop, sidebarWidth - 2 * sidebarPadding, 24});
+  listScroller_->setFrame({0, pageListTop, sidebarWidth, size.height - pageListTop});
   const CGFloat pageWidth = size.width - sidebarWidth;
   const NSSize directionSize = directionSwitch_->fittingSize();
   const NSSize appearanceSize = appearanceSwitch_->fittingSize();

@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "gallery/GalleryOptions.h"
+#include "gallery/GalleryPage.h"
 #include "gallery/chrome/Choice.h"
 #include "gallery/chrome/Scroller.h"
 
@@ -15,10 +16,11 @@ class GalleryContent : public Box {
   /// Opens the page of that slug, the first one when it is empty.
   GalleryContent(std::string_view page, AppearanceChoice appearance, DirectionChoice direction);
 
-  /// The height of a window of that width in which the present page shows whole, in points.
+  /// The height of a window of that width in which the present page and the list of pages show whole, in
+  /// points.
   [[nodiscard]] CGFloat heightForWholePage(CGFloat width) const;
 
-  /// The view that the first Tab goes to.
+  /// The view that has the keyboard at first.
   [[nodiscard]] NSView& firstKeyView() const { return *pageList_; }
 
   void layout() override;
@@ -37,6 +39,7 @@ class GalleryContent : public Box {
   DirectionChoice direction_;
   Ref<Box> sidebar_;
   Ref<TextLabel> productName_;
+  Ref<Scroller> listScroller_;
   Ref<Choice> pageList_;
   Ref<TextLabel> title_;
   Ref<Choice> appearanceSwitch_;

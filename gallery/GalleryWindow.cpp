@@ -7,7 +7,7 @@ namespace bkuk::gallery {
 namespace {
 
 constexpr NSSize usualSize{1180, 800};
-constexpr NSSize smallestSize{760, 420};
+constexpr NSSize smallestSize{940, 420};
 
 DirectionChoice desktopDirection() {
   return NSApplication::shared().userInterfaceLayoutDirection() == NSUserInterfaceLayoutDirection::rightToLeft
@@ -30,6 +30,7 @@ GalleryWindow makeGalleryWindow(const GalleryOptions& options) {
   gallery.window->setContentSizeLimits(smallestSize);
   gallery.window->setContentView(gallery.content);
   gallery.window->setInitialFirstResponder(&gallery.content->firstKeyView());
+  gallery.window->makeFirstResponder(&gallery.content->firstKeyView());
   gallery.window->center();
   return gallery;
 }

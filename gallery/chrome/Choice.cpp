@@ -15,12 +15,40 @@ using Role = BKUKThemeColorRole;
 constexpr CGFloat segmentHeight = 28;
 constexpr CGFloat segmentPadding = 14;
 constexpr CGFloat rowHeight = 34;
-constexpr CGFloat rowPadding = 12;
+constexpr CGFloat rowMargin = 12;
+constexpr CGFloat rowPadding = 24;
 constexpr CGFloat markerInset = 2;
+constexpr std::uint16_t homeKey = 115;
+constexpr std::uint16_t endKey = 119;
 constexpr std::uint16_t leftKey = 123;
 constexpr std::uint16_t rightKey = 124;
 constexpr std::uint16_t downKey = 125;
 constexpr std::uint16_t upKey = 126;
+
+/// What is nearer is lighter in both appearances, so each takes the surface that is.
+Color themed(Role light, Role dark) {
+  return [=]() -> Ref<NSColor> {
+    return make<BKUKThemedColor>(BKUKTheme::color(light), BKUKTheme::color(dark));
+  };
+}
+
+Color groove() { return themed(Role::backgroundStateB, Role::backgroundStateA); }
+
+Box::Look raisedLook() {
+  return {.fill = themed(Role::surface, Role::surfaceStateB),
+          .border = role(Role::onBackgroundExtraLight),
+          .cornerRadius = 6};
+}
+
+Box::Look rowLook(Role fill) { return {.fill = role(fill), .cornerRadius = 7}; }
+
+Ref<NSShadow> raisedShadow() {
+  auto shadow = make<NSShadow>();
+  shadow->setShadowColor(NSColor::srgbRed(0, 0, 0, 0.2));
+  shadow->setShadowOffset({0, -1});
+  shadow->setShadowBlurRadius(2);
+  return shadow;
+}
 
 }  // namespace
 
@@ -33,23 +61,26 @@ Choice::Choice(Arrangement arrangement, std::vector<std::string> options, std::s
 
 void Choice::didInit() {
   Box::didInit();
-  const bool isList = arrangement_ == Arrangement::list;
-  marker_ = make<Box>(Box::Look{.fill = role(isList ? Role::desktopMenuStateB : Role::surface),
-                                .border = isList ? Color() : role(Role::onBackgroundExtraLight),
-                                .cornerRadius = isList ? 7.0 : 6.0});
+  hover_ = make<Box>(rowLook(Role::desktopMenuStateA));
+  marker_ = make<Box>(raisedLook());
+  if (!isList()) marker_->setShadow(raisedShadow());
+  addSubview(hover_);
   addSubview(marker_);
   for (const auto& option : options_) {
     labels_.push_back(
-        make<TextLabel>(option, TextLabel::Style{.size = isList ? 13.5 : 12.5,
+        make<TextLabel>(option, TextLabel::Style{.size = isList() ? 13.5 : 12.5,
                                                  .weight = 500,
                                                  .color = role(Role::onBackground),
-                                                 .alignment = isList ? TextLabel::Alignment::leading
-                                                                     : TextLabel::Alignment::center}));
+                                                 .alignment = isList() ? TextLabel::Alignment::leading
+                                                                       : TextLabel::Alignment::center}));
     addSubview(labels_.back());
   }
+  addTrackingArea(make<NSTrackingArea>(NSRect(),
+                                       NSTrackingMouseEnteredAndExited | NSTrackingMouseMoved |
+                                           NSTrackingActiveInActiveApp | NSTrackingInVisibleRect,
+                                       this));
   makeElements();
   showFocus(false);
-  showSelection();
 }
 
 void Choice::makeElements() {
@@ -61,14 +92,14 @@ void Choice::makeElements() {
 }
 
 NSAccessibilityRole Choice::accessibilityRole() const {
-  return arrangement_ == Arrangement::list ? NSAccessibilityListRole : NSAccessibilityRadioGroupRole;
+  return isList() ? NSAccessibilityListRole : NSAccessibilityRadioGroupRole;
 }
 
 Ref<NSAccessibility> Choice::accessibilityFocusedUIElement() const { return elements_[selected_]; }
 
 void Choice::setSelected(std::size_t index) {
   const std::size_t before = std::exchange(selected_, std::min(index, options_.size() - 1));
-  showSelection();
+  showOptions();
   setNeedsLayout(true);
   if (before == selected_) return;
   elements_[before]->selectionDidChange();
@@ -76,31 +107,44 @@ void Choice::setSelected(std::size_t index) {
   if (focused_) NSAccessibilityPostNotification(*this, NSAccessibilityFocusedUIElementChangedNotification);
 }
 
-void Choice::showSelection() {
-  const bool isList = arrangement_ == Arrangement::list;
-  for (std::size_t i = 0; i < labels_.size(); ++i) {
-    const bool isSelected = i == selected_;
-    if (isList) {
-      labels_[i]->setColor(role(isSelected ? Role::onDesktopMenu : Role::onDesktopMenuSecondary));
-    } else {
-      labels_[i]->setColor(role(isSelected ? Role::onSurface : Role::onBackgroundSecondary));
-    }
-  }
+BKUKThemeColorRole Choice::labelRole(std::size_t index) const {
+  const bool isSelected = index == selected_;
+  if (isSelected && focused_ && isList()) return Role::onAccent;
+  if (isSelected || index == hovered_) return isList() ? Role::onDesktopMenu : Role::onSurface;
+  return isList() ? Role::onDesktopMenuSecondary : Role::onBackgroundSecondary;
 }
 
+void Choice::showOptions() {
+  for (std::size_t i = 0; i < labels_.size(); ++i) labels_[i]->setColor(role(labelRole(i)));
+  hover_->setHidden(!isList() || !hovered_ || hovered_ == selected_);
+  setNeedsLayout(true);
+}
+
+void Choice::showHover(std::optional<std::size_t> index) {
+  if (index == std::exchange(hovered_, index)) return;
+  showOptions();
+}
+
+// The row that the arrow keys move from is filled where they move it; segments have an edge around them.
 void Choice::showFocus(bool focused) {
   focused_ = focused;
-  const bool isList = arrangement_ == Arrangement::list;
-  setLook({.fill = isList ? Color() : role(Role::backgroundStateB),
-           .border = focused ? role(Role::accentHighContrast) : Color(),
-           .borderWidth = 2,
-           .cornerRadius = isList ? 9.0 : 8.0});
+  if (isList()) {
+    marker_->setLook(rowLook(focused ? Role::accent : Role::desktopMenuStateB));
+  } else {
+    setLook({.fill = groove(),
+             .border = focused ? role(Role::accentHighContrast) : Color(),
+             .borderWidth = 2,
+             .cornerRadius = 8,
+             .clips = true});
+  }
+  showOptions();
 }
 
 Ref<NSView> Choice::hitTest(NSPoint point) { return Box::hitTest(point) ? this : nullptr; }
 
 bool Choice::becomeFirstResponder() {
   showFocus(true);
+  scrollToVisible(optionFrame(selected_));
   return true;
 }
 
@@ -117,23 +161,32 @@ CGFloat Choice::segmentWidth() const {
 
 NSSize Choice::fittingSize() const {
   const auto count = static_cast<CGFloat>(options_.size());
-  if (arrangement_ == Arrangement::segments) return {segmentWidth() * count, segmentHeight};
-  return {segmentWidth(), rowHeight * count};
+  return isList() ? NSSize{segmentWidth(), rowHeight * count} : NSSize{segmentWidth() * count, segmentHeight};
 }
 
 NSRect Choice::optionFrame(std::size_t index) const {
   const auto place = static_cast<CGFloat>(index);
-  if (arrangement_ == Arrangement::list) return {0, rowHeight * place, bounds().width(), rowHeight};
+  if (isList()) return {0, rowHeight * place, bounds().width(), rowHeight};
   return fromLeading(*this, {segmentWidth() * place, 0, segmentWidth(), segmentHeight});
 }
 
+std::optional<std::size_t> Choice::optionAt(NSPoint locationInWindow) const {
+  const NSPoint point = convertPointFrom(locationInWindow, nullptr);
+  for (std::size_t i = 0; i < options_.size(); ++i) {
+    if (NSPointInRect(point, optionFrame(i))) return i;
+  }
+  return std::nullopt;
+}
+
 void Choice::layout() {
-  const CGFloat padding = arrangement_ == Arrangement::list ? rowPadding : 0;
+  const CGFloat padding = isList() ? rowPadding : 0;
   for (std::size_t i = 0; i < labels_.size(); ++i) {
     labels_[i]->setFrame(optionFrame(i).insetBy(padding, 0));
     elements_[i]->setAccessibilityFrameInParentSpace(optionFrame(i));
   }
-  marker_->setFrame(optionFrame(selected_).insetBy(markerInset, markerInset));
+  const CGFloat inset = isList() ? rowMargin : markerInset;
+  marker_->setFrame(optionFrame(selected_).insetBy(inset, markerInset));
+  if (hovered_) hover_->setFrame(optionFrame(*hovered_).insetBy(inset, markerInset));
 }
 
 void Choice::choose(std::size_t index) {
@@ -143,25 +196,40 @@ void Choice::choose(std::size_t index) {
   if (chosen_) chosen_(index);
 }
 
-void Choice::mouseDown(NSEvent& event) {
-  const NSPoint point = convertPointFrom(event.locationInWindow(), nullptr);
-  for (std::size_t i = 0; i < options_.size(); ++i) {
-    if (NSPointInRect(point, optionFrame(i))) return choose(i);
-  }
+// Events
+
+void Choice::mouseEntered(NSEvent& event) { showHover(optionAt(event.locationInWindow())); }
+
+void Choice::mouseMoved(NSEvent& event) { showHover(optionAt(event.locationInWindow())); }
+
+void Choice::mouseExited(NSEvent&) { showHover(std::nullopt); }
+
+void Choice::updateTrackingAreas() {
+  Box::updateTrackingAreas();
+  if (hovered_) showHover(optionAt(window()->mouseLocationOutsideOfEventStream()));
 }
 
-int Choice::stepForKey(std::uint16_t keyCode) const {
-  if (arrangement_ == Arrangement::list) return keyCode == downKey ? 1 : keyCode == upKey ? -1 : 0;
-  const int right = isRightToLeft(*this) ? -1 : 1;
-  return keyCode == rightKey ? right : keyCode == leftKey ? -right : 0;
+void Choice::mouseDown(NSEvent& event) {
+  if (const auto option = optionAt(event.locationInWindow())) choose(*option);
+}
+
+std::optional<std::size_t> Choice::optionForKey(std::uint16_t keyCode) const {
+  const std::size_t last = options_.size() - 1;
+  const bool runsLeft = !isList() && isRightToLeft(*this);
+  const auto forward = isList() ? downKey : runsLeft ? leftKey : rightKey;
+  const auto back = isList() ? upKey : runsLeft ? rightKey : leftKey;
+  if (keyCode == forward) return std::min(selected_ + 1, last);
+  if (keyCode == back) return selected_ == 0 ? 0 : selected_ - 1;
+  if (keyCode == homeKey) return 0;
+  if (keyCode == endKey) return last;
+  return std::nullopt;
 }
 
 void Choice::keyDown(NSEvent& event) {
-  const int step = stepForKey(event.keyCode());
-  if (step == 0) return Box::keyDown(event);
-  const auto last = static_cast<std::ptrdiff_t>(options_.size()) - 1;
-  choose(static_cast<std::size_t>(
-      std::clamp(static_cast<std::ptrdiff_t>(selected_) + step, std::ptrdiff_t{0}, last)));
+  const auto option = optionForKey(event.keyCode());
+  if (!option) return Box::keyDown(event);
+  choose(*option);
+  scrollToVisible(optionFrame(selected_));
 }
 
 }  // namespace bkuk::gallery

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -35,8 +36,13 @@ class Choice : public Box {
   [[nodiscard]] bool acceptsFirstMouse(NSEvent&) const override { return true; }
   bool becomeFirstResponder() override;
   bool resignFirstResponder() override;
+  void mouseEntered(NSEvent& event) override;
+  void mouseMoved(NSEvent& event) override;
+  void mouseExited(NSEvent& event) override;
   void mouseDown(NSEvent& event) override;
   void keyDown(NSEvent& event) override;
+  /// The options may have moved below a pointer that rests.
+  void updateTrackingAreas() override;
   void layout() override;
 
   [[nodiscard]] bool isAccessibilityElement() const override { return true; }
@@ -50,16 +56,23 @@ class Choice : public Box {
  private:
   void makeElements();
   void showFocus(bool focused);
-  void showSelection();
+  void showHover(std::optional<std::size_t> index);
+  void showOptions();
+  [[nodiscard]] bool isList() const { return arrangement_ == Arrangement::list; }
+  [[nodiscard]] BKUKThemeColorRole labelRole(std::size_t index) const;
   [[nodiscard]] NSRect optionFrame(std::size_t index) const;
+  [[nodiscard]] std::optional<std::size_t> optionAt(NSPoint locationInWindow) const;
   [[nodiscard]] CGFloat segmentWidth() const;
-  [[nodiscard]] int stepForKey(std::uint16_t keyCode) const;
+  /// The option that a key leads to; absent for a key that is none of the view's.
+  [[nodiscard]] std::optional<std::size_t> optionForKey(std::uint16_t keyCode) const;
 
   Arrangement arrangement_;
   std::vector<std::string> options_;
   std::size_t selected_;
   Handler chosen_;
   bool focused_ = false;
+  std::optional<std::size_t> hovered_;
+  Ref<Box> hover_;
   Ref<Box> marker_;
   std::vector<Ref<TextLabel>> labels_;
   std::vector<Ref<ChoiceOption>> elements_;

@@ -11,9 +11,6 @@ namespace {
 
 using Role = BKUKThemeColorRole;
 
-constexpr CGFloat thumbWidth = 5;
-constexpr CGFloat thumbMargin = 4;
-constexpr CGFloat shortestThumb = 32;
 constexpr CGFloat lineStep = 48;
 constexpr CGFloat edge = 12;  // left around what is scrolled into sight
 
@@ -24,26 +21,35 @@ constexpr std::uint16_t pageDownKey = 121;
 constexpr std::uint16_t downKey = 125;
 constexpr std::uint16_t upKey = 126;
 
+// Whoever clicks sees where; the edge is for those who come by key.
+bool isClicking() {
+  const auto& event = NSApplication::shared().currentEvent();
+  return event && event->type() == NSEventType::leftMouseDown;
+}
+
 }  // namespace
 
-Scroller::Scroller() = default;
+Scroller::Scroller(Color background, KeyView keyView)
+    : background_(std::move(background)), keyView_(keyView) {}
 
 void Scroller::didInit() {
   Box::didInit();
-  thumb_ = make<Box>(Box::Look{.fill = role(Role::onBackgroundLight), .cornerRadius = thumbWidth / 2});
-  addSubview(thumb_);
+  bar_ = make<ScrollBar>([this](CGFloat offset) { scrollTo(offset); });
+  addSubview(bar_);
   showFocus(false);
 }
 
 void Scroller::showFocus(bool focused) {
-  setLook({.fill = role(Role::background),
+  setLook({.fill = background_,
            .border = focused ? role(Role::accentHighContrast) : Color(),
            .borderWidth = 2,
            .clips = true});
 }
 
+bool Scroller::acceptsFirstResponder() const { return keyView_ == KeyView::whenScrolling && furthest() > 0; }
+
 bool Scroller::becomeFirstResponder() {
-  showFocus(true);
+  showFocus(!isClicking());
   return true;
 }
 
@@ -52,14 +58,15 @@ bool Scroller::resignFirstResponder() {
   return true;
 }
 
-void Scroller::setPage(Ref<GalleryPage> page) {
-  if (const auto old = std::exchange(page_, page)) old->removeFromSuperview();
-  addSubview(page, NSViewOrdering::below, thumb_.get());
+void Scroller::setContent(Ref<NSView> content, HeightForWidth heightForWidth) {
+  heightForWidth_ = std::move(heightForWidth);
+  if (const auto old = std::exchange(content_, content)) old->removeFromSuperview();
+  addSubview(content, NSViewOrdering::below, bar_.get());
   offset_ = 0;
   setNeedsLayout(true);
 }
 
-CGFloat Scroller::furthest() const { return std::max(0.0, pageHeight_ - bounds().height()); }
+CGFloat Scroller::furthest() const { return std::max(0.0, contentHeight_ - bounds().height()); }
 
 void Scroller::scrollTo(CGFloat offset) {
   const CGFloat next = std::clamp(offset, 0.0, furthest());
@@ -69,15 +76,11 @@ void Scroller::scrollTo(CGFloat offset) {
 
 void Scroller::layout() {
   const NSSize size = bounds().size;
-  pageHeight_ = page_ ? page_->heightForWidth(size.width) : 0;
+  contentHeight_ = content_ ? heightForWidth_(size.width) : 0;
   offset_ = std::clamp(offset_, 0.0, furthest());
-  if (page_) page_->setFrame({0, -offset_, size.width, std::max(pageHeight_, size.height)});
-  thumb_->setHidden(furthest() <= 0);
-  if (thumb_->isHidden()) return;
-  const CGFloat track = size.height - 2 * thumbMargin;
-  const CGFloat length = std::max(shortestThumb, track * size.height / pageHeight_);
-  const CGFloat place = thumbMargin + (track - length) * offset_ / furthest();
-  thumb_->setFrame(fromLeading(*this, {size.width - thumbWidth - thumbMargin, place, thumbWidth, length}));
+  if (content_) content_->setFrame({0, -offset_, size.width, std::max(contentHeight_, size.height)});
+  bar_->setFrame(fromLeading(*this, {size.width - ScrollBar::width, 0, ScrollBar::width, size.height}));
+  bar_->show({.content = contentHeight_, .seen = size.height, .offset = offset_});
 }
 
 bool Scroller::scrollToVisible(NSRect rect) {
@@ -93,6 +96,7 @@ bool Scroller::scrollToVisible(NSRect rect) {
 void Scroller::scrollWheel(NSEvent& event) { scrollTo(offset_ - event.scrollingDeltaY()); }
 
 void Scroller::keyDown(NSEvent& event) {
+  if (furthest() == 0) return Box::keyDown(event);
   const CGFloat pageStep = std::max(lineStep, bounds().height() - lineStep);
   switch (event.keyCode()) {
     case upKey:

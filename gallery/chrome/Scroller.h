@@ -1,20 +1,30 @@
 #pragma once
 
-#include "gallery/GalleryPage.h"
+#include <functional>
+
 #include "gallery/chrome/Box.h"
+#include "gallery/chrome/ScrollBar.h"
 
 namespace bkuk::gallery {
 
-/// Shows a page that may be higher than the place for it: moved by the wheel, and with the keyboard on it
-/// by the arrow, page, home and end keys.
+/// Shows content that may be higher than the place for it: moved by the wheel, by its bar and, with the
+/// keyboard on it or on something in it that leaves them, by the arrow, page, home and end keys.
 class Scroller : public Box {
  public:
-  Scroller();
+  /// Answers the height that the content needs at a width, in points. Asked before each layout.
+  using HeightForWidth = std::function<CGFloat(CGFloat width)>;
 
-  /// Shows `page` from its top.
-  void setPage(Ref<GalleryPage> page);
+  enum class KeyView {
+    never,         ///< what it shows takes the keyboard
+    whenScrolling  ///< takes the keyboard while there is more than fits
+  };
 
-  [[nodiscard]] bool acceptsFirstResponder() const override { return true; }
+  explicit Scroller(Color background, KeyView keyView = KeyView::whenScrolling);
+
+  /// Shows `content` from its top.
+  void setContent(Ref<NSView> content, HeightForWidth heightForWidth);
+
+  [[nodiscard]] bool acceptsFirstResponder() const override;
   bool becomeFirstResponder() override;
   bool resignFirstResponder() override;
   bool scrollToVisible(NSRect rect) override;
@@ -35,10 +45,13 @@ class Scroller : public Box {
   void showFocus(bool focused);
   [[nodiscard]] CGFloat furthest() const;
 
-  Ref<GalleryPage> page_;
-  Ref<Box> thumb_;
+  Color background_;
+  KeyView keyView_;
+  Ref<NSView> content_;
+  HeightForWidth heightForWidth_;
+  Ref<ScrollBar> bar_;
   CGFloat offset_ = 0;
-  CGFloat pageHeight_ = 0;
+  CGFloat contentHeight_ = 0;
 };
 
 }  // namespace bkuk::gallery

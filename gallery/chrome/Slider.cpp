@@ -48,6 +48,7 @@ Ref<NSView> Slider::hitTest(NSPoint point) { return NSView::hitTest(point) ? thi
 
 bool Slider::becomeFirstResponder() {
   focusRing_->setHidden(false);
+  scrollToVisible(bounds());
   return true;
 }
 

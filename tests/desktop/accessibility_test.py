@@ -64,9 +64,10 @@ class X11Test(unittest.TestCase):
             bus, _, window, shown = self.open(desktop)
             desktop.focus(shown)
             bus.wait_for(window, 'Activate', '', 0)
-            page = window.find('list', 'Pages').children[0]
+            first, page = window.find('list', 'Pages').children[:2]
             light = window.find('radio button', 'Light')
-            desktop.type_key('Tab')
+            wait_until(lambda: 'focused' in first.states, 'the focus on the list')
+            desktop.type_key('Down')
             bus.wait_for(page, 'StateChanged', 'focused', 1)
             desktop.type_key('Tab')
             bus.wait_for(light, 'StateChanged', 'focused', 1)
