@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 
-#include "host/Host.h"
 #include "platform/quartzcore/CABasicAnimation.h"
 #include "platform/quartzcore/CALayer.h"
 #include "platform/quartzcore/CALayerDelegate.h"
@@ -142,7 +141,7 @@ Ref<CALayer> CALayer::makePresentationCopy() const { return presentationCopyOf(*
 
 Ref<CALayer> CALayer::presentation() const {
   if (!isCommitted_ || isPresentation_) return nullptr;
-  return presentationAt(hasAnimations() ? host::current().now() : 0);
+  return presentationAt(hasAnimations() ? LayerAnimator::shared().time() : 0);
 }
 
 Ref<CALayer> CALayer::presentationAt(double time) const {
@@ -159,7 +158,8 @@ Ref<CALayer> CALayer::presentationAt(double time) const {
 }
 
 Ref<const CALayer> CALayer::shownNow() const {
-  return hasAnimations() ? LayerAccess::shown(*this, host::current().now()) : Ref<const CALayer>(this);
+  return hasAnimations() ? LayerAccess::shown(*this, LayerAnimator::shared().time())
+                         : Ref<const CALayer>(this);
 }
 
 Ref<CALayer> CALayer::model() { return isPresentation_ ? extras_->model.lock() : Ref<CALayer>(this); }

@@ -26,16 +26,14 @@ LayerAnimator& LayerAnimator::shared() {
   return animator;
 }
 
-void LayerAnimator::addUnstarted(CALayer& layer) {
-  unstarted_.emplace_back(&layer);
-  hasAnimated_ = true;
-}
-
-double LayerAnimator::time() const { return hasAnimated_ ? host::current().now() : 0; }
+void LayerAnimator::addUnstarted(CALayer& layer) { unstarted_.emplace_back(&layer); }
 
 void LayerAnimator::start(const CARenderer& renderer) {
   if (unstarted_.empty()) return;
   const auto now = host::current().now();
+  // With others on their way, the new ones stand at their start until the next frame. Another host's clock
+  // may have been ahead.
+  if (running_.empty() || frameTime_ > now) frameTime_ = now;
   const auto waiting = std::exchange(unstarted_, {});
   for (const auto& weak : waiting) {
     const auto layer = weak.lock();
@@ -69,7 +67,7 @@ void LayerAnimator::ensureTimer(double now) {
 }
 
 void LayerAnimator::step() {
-  const auto now = host::current().now();
+  const auto now = frameTime_ = host::current().now();
   const auto snapshot = std::exchange(running_, {});
   for (const auto& weak : snapshot) {
     const auto layer = weak.lock();

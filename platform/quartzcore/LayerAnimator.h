@@ -19,8 +19,9 @@ class LayerAnimator {
   /// A layer got an animation that waits for its start.
   void addUnstarted(CALayer& layer);
   [[nodiscard]] bool hasUnstarted() const { return !unstarted_.empty(); }
-  /// The time for which layers are shown; does not ask the host before the first animation.
-  [[nodiscard]] double time() const;
+  /// The time for which layers are shown: that of the frame on the screen, from one to the next. All that
+  /// asks where a layer is between two frames must get the same answer, or what it painted stays behind.
+  [[nodiscard]] double time() const { return frameTime_; }
   /// Starts what waits in the tree of that renderer.
   void start(const CARenderer& renderer);
   /// Ends what still waits: those layers hang in no window.
@@ -35,7 +36,7 @@ class LayerAnimator {
   Layers unstarted_;
   Layers running_;
   Ref<NSTimer> timer_;
-  bool hasAnimated_ = false;
+  double frameTime_ = 0;
 };
 
 }  // namespace bkuk

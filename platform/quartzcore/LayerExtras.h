@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <map>
 #include <optional>
 #include <string>
@@ -19,8 +20,12 @@ struct CALayer::Extras {
     std::optional<double> start;  // none until the next commit
     std::shared_ptr<CompletionGroup> completion;
 
-    /// Seconds since the start; one that waits stands at its start.
-    [[nodiscard]] double elapsed(double now) const { return start ? now - *start : 0; }
+    /// Seconds since the start. One that waits stands at its start, as does one that started after the frame
+    /// which is shown.
+    [[nodiscard]] double elapsed(double now) const {
+      if (!start) return 0;
+      return animation->beginTime() == 0 ? std::max(0.0, now - *start) : now - *start;
+    }
   };
 
   CAActions actions;

@@ -268,5 +268,24 @@ TEST_F(LayerAnimation, KeysThatNeedDisplayAreDrawnByThePresentationCopy) {
   EXPECT_NE(window.pixel(15, 35), greenPixel) << "over: the model's length is drawn again";
 }
 
+TEST_F(LayerAnimation, WhatChangesBetweenTwoFramesLeavesNothingBehind) {
+  const auto mover = window.add({0, 0, 10, 40}, red());
+  const auto inside = window.add({4, 4, 2, 2}, green(), mover);
+  const auto move = make<CABasicAnimation>("position");
+  move->setByValue(CGPoint{25, 0});
+  move->setDuration(0.1);
+  mover->add(*move, "move");
+  window.update();
+  for (int i = 0; i < 30; ++i) {
+    advance(0.007);
+    CATransaction::setDisableActions(true);
+    inside->setBackgroundColor(i % 2 ? red() : green());
+    window.update();
+  }
+  mover->setHidden(true);
+  window.update();
+  for (int x = 0; x < 40; ++x) ASSERT_EQ(window.pixel(x, 1), whitePixel) << x;
+}
+
 }  // namespace
 }  // namespace bkuk
