@@ -352,6 +352,7 @@ class CALayer : public NSObject {
     host::PixelRect own;      // with shadow and border, without sublayers
     host::PixelRect subtree;  // with sublayers
     host::PixelRect left;     // where layers that have gone since were
+    host::PixelRect inside;   // what its superlayers and its own masking leave of its sublayers
     bool shadowFollowsBelow = false;
     std::shared_ptr<const SublayerIndex> sublayers;  // of layers with many
   };

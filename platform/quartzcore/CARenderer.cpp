@@ -74,7 +74,7 @@ void CARenderer::Core::repaint(double time) {
 }
 
 void CARenderer::Core::repaint(const PixelRect& rect, double time, ScenePainter& painter) {
-  scene.build(*root, toDevice(), rect, time);
+  scene.build(*root, toDevice(), area(), rect, time);
   painter.paint(scene, rect);
   for (const auto& item : scene.items()) {
     if (!item.isHidden && item.layer) paintedLayers.push_back(item.layer);

@@ -54,6 +54,28 @@ TEST_F(Shadow, OfATransparentLayerIsTheOneOfWhatItShows) {
   EXPECT_EQ((window.update(), window.pixel(50, 35)), whitePixel);
 }
 
+TEST_F(Shadow, OfSublayersStaysWhereSomethingBesideThemIsRepainted) {
+  box->setBackgroundColor(nullptr);
+  window.add({0, 0, 40, 20}, red(), box);
+  const auto beside = window.add({45, 15, 2, 2}, red());
+  const auto before = darkness(50, 80);
+  EXPECT_GT(before, 100);
+  beside->setFrame({48, 18, 6, 4});
+  window.update();
+  beside->setHidden(true);
+  EXPECT_EQ(darkness(50, 80), before);
+}
+
+TEST_F(Shadow, OfWhatASuperlayerCutsOffFallsIntoWhatItLeaves) {
+  const auto frame = window.add({0, 0, 100, 24}, CGColor::white());
+  frame->setMasksToBounds(true);
+  frame->addSublayer(box);
+  box->setBackgroundColor(nullptr);
+  window.add({0, 0, 40, 20}, red(), box);
+  EXPECT_GT(darkness(50, 78), 120) << "of a layer that begins above the frame";
+  EXPECT_EQ(darkness(50, 73), 0);
+}
+
 TEST_F(Shadow, OfAPathDoesNotDependOnTheContents) {
   box->setBackgroundColor(nullptr);
   box->setShadowPath(CGPath::rect({0, 0, 10, 10}));

@@ -9,13 +9,12 @@ namespace bkuk {
 
 namespace {
 
-LayerShadow::Kind kindOf(const CALayer& shown, const LayerBox& box, const CALayer& layer) {
-  if (shown.shadowPath()) return LayerShadow::Kind::path;
+// Whether the layer composed with its sublayers covers its box, wholly, and nothing else.
+bool showsJustItsBox(const CALayer& shown, const LayerBox& box, const CALayer& layer) {
   const auto& background = shown.backgroundColor();
   const bool fillsBox = background && background->rgba().alpha == 1 && box.isUniform;
   const bool endsAtBox = LayerAccess::paintedBox(shown).isNull() && !shown.mask();
-  return fillsBox && endsAtBox && contains(box.rect, pixelsBelow(layer)) ? LayerShadow::Kind::box
-                                                                         : LayerShadow::Kind::composed;
+  return fillsBox && endsAtBox && contains(box.rect, pixelsBelow(layer));
 }
 
 }  // namespace
@@ -27,6 +26,12 @@ PixelRect pixelsBelow(const CALayer& layer) {
 }
 
 LayerShadow LayerShadow::of(const CALayer& shown, const LayerBox& box, const CALayer& layer, bool isFlipped) {
+  auto shadow = atMost(shown, box, isFlipped);
+  if (shadow.kind == Kind::composed && showsJustItsBox(shown, box, layer)) shadow.kind = Kind::box;
+  return shadow;
+}
+
+LayerShadow LayerShadow::atMost(const CALayer& shown, const LayerBox& box, bool isFlipped) {
   LayerShadow shadow;
   if (!(shown.shadowOpacity() > 0) || !shown.shadowColor() || shown.masksToBounds()) return shadow;
   const auto up = isFlipped ? -shown.shadowOffset().height : shown.shadowOffset().height;
@@ -37,7 +42,7 @@ LayerShadow LayerShadow::of(const CALayer& shown, const LayerBox& box, const CAL
   shadow.sigma = shown.shadowRadius() > 0 ? std::min(shown.shadowRadius() * box.scale, maxBlurSigma) : 0;
   shadow.dx = toPixel(std::round(offset.width));
   shadow.dy = toPixel(std::round(offset.height));
-  shadow.kind = kindOf(shown, box, layer);
+  shadow.kind = shown.shadowPath() ? Kind::path : Kind::composed;
   return shadow;
 }
 
@@ -48,6 +53,13 @@ PixelRect LayerShadow::rect(const CALayer& shown, const LayerBox& box, const Pix
   if (shape.isEmpty()) return {};
   const auto reach = blurReach(sigma);
   return {shape.x - reach + dx, shape.y - reach + dy, shape.width + 2 * reach, shape.height + 2 * reach};
+}
+
+PixelRect LayerShadow::areaThatCastsInto(const PixelRect& area) const {
+  if (kind != Kind::composed || area.isEmpty()) return area;
+  const auto reach = blurReach(sigma);
+  return unite(area,
+               {area.x - reach - dx, area.y - reach - dy, area.width + 2 * reach, area.height + 2 * reach});
 }
 
 }  // namespace bkuk

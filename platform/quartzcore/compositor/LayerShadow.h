@@ -23,9 +23,15 @@ struct LayerShadow {
   /// Of `layer` as it is `shown`. `isFlipped`: y runs down in its bounds space.
   [[nodiscard]] static LayerShadow of(const CALayer& shown, const LayerBox& box, const CALayer& layer,
                                       bool isFlipped);
+  /// The same before anything is known of the sublayers: composed also where it will turn out that the box
+  /// is all there is.
+  [[nodiscard]] static LayerShadow atMost(const CALayer& shown, const LayerBox& box, bool isFlipped);
 
   /// The pixels the shadow touches. `content`: those of the composed layer.
   [[nodiscard]] PixelRect rect(const CALayer& shown, const LayerBox& box, const PixelRect& content) const;
+
+  /// The area, and what is around it of which a composed shadow falls into it.
+  [[nodiscard]] PixelRect areaThatCastsInto(const PixelRect& area) const;
 };
 
 /// The pixels that the layer's sublayers touch.

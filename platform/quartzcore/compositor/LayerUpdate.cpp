@@ -26,6 +26,13 @@ void clearMarksBelow(CALayer& top) {
   }
 }
 
+// What of a layer is to be looked at where its superlayers leave `clip` of it: what they cut off may still
+// cast a shadow.
+PixelRect innerClip(const CALayer& shown, const LayerBox& box, const PixelRect& clip, bool isFlipped) {
+  if (shown.masksToBounds()) return intersect(clip, box.rect);
+  return LayerShadow::atMost(shown, box, isFlipped).areaThatCastsInto(clip);
+}
+
 // The layer's own box, and beyond it what a subclass paints.
 PixelRect paintedRect(const CALayer& shown, const LayerBox& box) {
   const bool paintsBox = hasVisibleBackground(shown) || hasVisibleBorder(shown) || hasVisibleContents(shown);
@@ -35,6 +42,10 @@ PixelRect paintedRect(const CALayer& shown, const LayerBox& box) {
 }
 
 }  // namespace
+
+PixelRect pixelsOfContent(const CALayer& shown, const LayerBox& box, const PixelRect& below) {
+  return unite(paintedRect(shown, box), below);
+}
 
 bool isVisible(const CALayer& shown) { return !shown.isHidden() && shown.opacity() > 0; }
 
@@ -54,9 +65,8 @@ struct LayerUpdate::Visit {
   CALayer* layer;
   Ref<const CALayer> shown;
   LayerBox box;
-  PixelRect clip;       // of the layer itself
-  PixelRect innerClip;  // of its sublayers
-  bool wholly;          // everything below moved along
+  PixelRect clip;  // of the layer itself
+  bool wholly;     // everything below moved along
   bool repaints;
   bool isFlipped;
   bool sublayersMoved = false;
@@ -87,7 +97,7 @@ void LayerUpdate::run(CALayer& root, const CGAffineTransform& toDevice) {
     }
     // Entering may move the visits.
     const auto parentToDevice = visit.box.toDevice;
-    enter(*sublayer, parentToDevice, visit.innerClip, visit.wholly, visit.isFlipped);
+    enter(*sublayer, parentToDevice, LayerAccess::record(*visit.layer).inside, visit.wholly, visit.isFlipped);
   }
 }
 
@@ -95,15 +105,21 @@ void LayerUpdate::enter(CALayer& layer, const CGAffineTransform& parentToDevice,
                         bool wholly, bool isFlipped) {
   auto& marks = LayerAccess::marks(layer);
   auto& record = LayerAccess::record(layer);
-  damage_.add(intersect(std::exchange(record.left, {}), image_));
-  if (marks.rearrange && !wholly) damage_.add(record.subtree);
+  damage(std::exchange(record.left, {}));
+  if (marks.rearrange && !wholly) damage(record.subtree);
   if (layer.mask()) clearMarksBelow(*layer.mask());
   auto shown = LayerAccess::shown(layer, time_);
   if (!isVisible(*shown)) return leaveInvisible(layer);
   const LayerBox box(*shown, transformToSuperlayer(*shown).concatenating(parentToDevice));
   if (!box.isPlaced) return leaveInvisible(layer);
-  visits_.push_back({&layer, shown, box, clip, shown->masksToBounds() ? intersect(clip, box.rect) : clip,
-                     wholly || marks.rearrange, marks.repaint, isFlipped != shown->isGeometryFlipped()});
+  isFlipped = isFlipped != shown->isGeometryFlipped();
+  const auto inside = innerClip(*shown, box, clip, isFlipped);
+  // Another shadow reaches for other parts of the sublayers.
+  if (std::exchange(record.inside, inside) != inside && !marks.rearrange && !wholly) {
+    marks.rearrange = true;
+    damage(record.subtree);
+  }
+  visits_.push_back({&layer, shown, box, clip, wholly || marks.rearrange, marks.repaint, isFlipped});
   marks.repaint = marks.rearrange = marks.renderBelow = false;
 }
 
@@ -129,11 +145,11 @@ void LayerUpdate::leave(Visit& visit) {
   const bool shadowChangedKind = followedBelow != record.shadowFollowsBelow;
   const bool isInside = visits_.size() > 1 && visits_[visits_.size() - 2].wholly;
   if (visit.wholly || shadowChangedKind) {
-    if (shadowChangedKind) damage_.add(oldSubtree);
-    if (!isInside || shadowChangedKind) damage_.add(record.subtree);
+    if (shadowChangedKind) damage(oldSubtree);
+    if (!isInside || shadowChangedKind) damage(record.subtree);
   } else if (visit.repaints) {
-    damage_.add(oldOwn);
-    damage_.add(record.own);
+    damage(oldOwn);
+    damage(record.own);
   }
 }
 
@@ -155,8 +171,8 @@ void LayerUpdate::updateRects(Visit& visit) {
   const auto below = updateBelow(visit);
   const auto painted = paintedRect(*visit.shown, visit.box);
   const auto shadow = LayerShadow::of(*visit.shown, visit.box, *visit.layer, visit.isFlipped);
-  const auto content = unite(painted, below);
-  record.own = intersect(unite(painted, shadow.rect(*visit.shown, visit.box, content)), visit.clip);
+  const auto shadowRect = shadow.rect(*visit.shown, visit.box, unite(painted, below));
+  record.own = intersect(unite(painted, shadowRect), visit.clip);
   record.subtree = unite(record.own, intersect(below, visit.clip));
   record.shadowFollowsBelow = shadow.kind == LayerShadow::Kind::composed;
 }

@@ -26,6 +26,7 @@ class LayerUpdate {
   void leaveInvisible(CALayer& layer);
   PixelRect updateBelow(const Visit& visit);
   void updateRects(Visit& visit);
+  void damage(const PixelRect& rect) { damage_.add(intersect(rect, image_)); }
 
   PixelRect image_;
   double time_;
@@ -35,6 +36,9 @@ class LayerUpdate {
 
 /// Whether the layer shows anything at all, itself or below.
 [[nodiscard]] bool isVisible(const CALayer& shown);
+
+/// The pixels of the layer and its sublayers, as far as they were looked at, without its shadow.
+[[nodiscard]] PixelRect pixelsOfContent(const CALayer& shown, const LayerBox& box, const PixelRect& below);
 
 /// What it paints within its bounds.
 [[nodiscard]] bool hasVisibleBackground(const CALayer& shown);

@@ -4,7 +4,6 @@
 #include <cmath>
 #include <optional>
 
-#include "platform/coregraphics/GaussianBlur.h"
 #include "platform/quartzcore/LayerAccess.h"
 #include "platform/quartzcore/LayerGeometry.h"
 #include "platform/quartzcore/compositor/LayerUpdate.h"
@@ -33,12 +32,6 @@ bool needsClipGroup(const CALayer& shown, const LayerBox& box, const PixelRect& 
   if (!shown.masksToBounds()) return false;
   if (!box.isAligned) return true;
   return box.isUniform ? touchesCorner(box.shape, rect) : shown.cornerRadius() > 0;
-}
-
-PixelRect areaThatCastsInto(const PixelRect& area, const LayerShadow& shadow) {
-  const auto reach = blurReach(shadow.sigma);
-  return unite(area, {area.x - reach - shadow.dx, area.y - reach - shadow.dy, area.width + 2 * reach,
-                      area.height + 2 * reach});
 }
 
 // Calls `add` with the parts of an item that are surely opaque.
@@ -91,14 +84,15 @@ Scene::Scene() = default;
 
 Scene::~Scene() = default;
 
-void Scene::build(CALayer& root, const CGAffineTransform& toDevice, const PixelRect& area, double time) {
+void Scene::build(CALayer& root, const CGAffineTransform& toDevice, const PixelRect& image,
+                  const PixelRect& area, double time) {
   items_.clear();
   boxes_.clear();
   covers_.clear();
   shown_.clear();
   openGroups_ = 0;
   time_ = time;
-  steps_.push_back({.layer = &root, .parentToDevice = toDevice, .clip = area, .area = area});
+  steps_.push_back({.layer = &root, .parentToDevice = toDevice, .clip = image, .area = area});
   while (!steps_.empty()) {
     const auto step = std::move(steps_.back());
     steps_.pop_back();
@@ -141,6 +135,12 @@ PixelRect Scene::subtreeRect(const Place& place) const {
                         : place.visible(LayerAccess::record(place.layer).subtree);
 }
 
+// Of the layer itself and what is below it, without its shadow.
+PixelRect Scene::contentRect(const Place& place) const {
+  if (place.isInMask) return intersect(place.clip, place.area);
+  return place.visible(pixelsOfContent(*place.shown, boxes_[place.box], pixelsBelow(place.layer)));
+}
+
 // How many things lie over one another there, as far as it matters: none, one, or more.
 int Scene::countParts(const Place& place) const {
   const auto& shown = *place.shown;
@@ -173,13 +173,14 @@ void Scene::list(const Place& place, double alpha) {
   const bool hasMask = place.shown->mask() != nullptr;
   if ((!hasMask && !isComposed) || openGroups_ >= mostOpenGroups) return listContent(place, alpha);
   auto inside = place;
-  if (isComposed) inside.area = areaThatCastsInto(place.area, shadow);
-  Item group{.kind = Kind::groupBegin,
-             .hasMask = hasMask,
-             .rect = rect,
-             .surface = subtreeRect(inside),
-             .alpha = alpha};
-  if (isComposed) group.shadow = shadow;
+  Item group{.kind = Kind::groupBegin, .hasMask = hasMask, .rect = rect, .surface = rect, .alpha = alpha};
+  if (isComposed) {
+    // What a superlayer cuts off, or is not damaged, casts its shadow into what is.
+    inside.clip = shadow.areaThatCastsInto(place.clip);
+    inside.area = shadow.areaThatCastsInto(place.area);
+    group.shadow = shadow;
+    group.surface = contentRect(inside);
+  }
   openGroup(inside, group);
   if (hasMask) pushAfter(inside, {.kind = Step::Kind::mask});
   listContent(inside, 1);

@@ -48,8 +48,10 @@ class Scene {
   Scene();
   ~Scene();
 
-  /// Lists what of the tree touches `area`, as it is at `time`. `toDevice` maps the root's superspace.
-  void build(CALayer& root, const CGAffineTransform& toDevice, const PixelRect& area, double time);
+  /// Lists what of the tree touches `area`, a part of the pixels of `image`, as it is at `time`. `toDevice`
+  /// maps the root's superspace.
+  void build(CALayer& root, const CGAffineTransform& toDevice, const PixelRect& image, const PixelRect& area,
+             double time);
 
   [[nodiscard]] const std::vector<Item>& items() const { return items_; }
   [[nodiscard]] const LayerBox& box(const Item& item) const { return boxes_[item.box]; }
@@ -77,6 +79,7 @@ class Scene {
   void pushSublayers(const Place& place, double alpha);
   [[nodiscard]] int countParts(const Place& place) const;
   [[nodiscard]] PixelRect subtreeRect(const Place& place) const;
+  [[nodiscard]] PixelRect contentRect(const Place& place) const;
   Item& add(Kind kind, const Place& place, const PixelRect& rect, double alpha);
   void hideCovered(const PixelRect& area);
 

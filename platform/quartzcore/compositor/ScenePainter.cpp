@@ -13,6 +13,8 @@ namespace bkuk {
 
 namespace {
 
+constexpr int tileSide = 64;
+
 CGRect toRect(const PixelRect& rect) {
   return {static_cast<CGFloat>(rect.x), static_cast<CGFloat>(rect.y), static_cast<CGFloat>(rect.width),
           static_cast<CGFloat>(rect.height)};
@@ -163,11 +165,29 @@ void ScenePainter::paintContents(const Item& item, const LayerBox& box) {
     return RoundedBoxRaster(top().pixels, item.rect)
         .image({box.rect, 0, 0}, contents.bitmap(), box.rect.x, box.rect.y, toByte(item.alpha));
   }
-  auto& context = top().context();
-  const ContextScope scope(context, item);
-  context.concatenate(imageToDevice(box, item.isFlipped));
-  context.setAlpha(item.alpha);
-  context.drawBitmap(contents.bitmap(), {0, 0, box.bounds.width(), box.bounds.height()});
+  paintByTiles(item, box, [&](CGContext& context) {
+    context.concatenate(imageToDevice(box, item.isFlipped));
+    context.setAlpha(item.alpha);
+    context.drawBitmap(contents.bitmap(), {0, 0, box.bounds.width(), box.bounds.height()});
+  });
+}
+
+// Resampled bitmaps round each pixel by how far it is from where painting begins, so that always begins at
+// the same places, whatever is damaged.
+void ScenePainter::paintByTiles(const Item& item, const LayerBox& box, auto&& paint) {
+  const auto firstOf = [](int position) {
+    return static_cast<int>(std::floor(position / double{tileSide})) * tileSide;
+  };
+  for (int y = firstOf(item.rect.y); y < item.rect.maxY(); y += tileSide) {
+    for (int x = firstOf(item.rect.x); x < item.rect.maxX(); x += tileSide) {
+      Surface tile(intersect({x, y, tileSide, tileSide}, box.rect));
+      if (tile.bitmap.isEmpty()) continue;
+      paint(tile.context());
+      tile.made = nullptr;
+      const auto& area = tile.pixels.area();
+      RoundedBoxRaster(top().pixels, item.rect).image({area, 0, 0}, tile.bitmap, area.x, area.y, 255);
+    }
+  }
 }
 
 void ScenePainter::paintCustom(const Item& item, const LayerBox& box) {
