@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <cstdlib>
 
 #include "host/BigEndianReader.h"
 
@@ -78,19 +79,26 @@ std::string named(std::span<const std::byte> table, int id) {
   return found;
 }
 
-FontMetrics scaled(const FontMetrics& metrics, double factor) {
+// Multiplies before it divides: a size divided by an em is rounded already, and lengths that are whole would
+// come out beside it.
+FontMetrics scaled(const FontMetrics& metrics, double factor, double divisor) {
   FontMetrics result = metrics;
   for (double* length : {&result.ascent, &result.descent, &result.leading, &result.capHeight, &result.xHeight,
                          &result.underlinePosition, &result.underlineThickness, &result.bounds.x,
                          &result.bounds.y, &result.bounds.width, &result.bounds.height}) {
-    *length *= factor;
+    *length = *length * factor / divisor;
   }
   return result;
 }
 
 }  // namespace
 
-FontMetrics FaceMetrics::at(double size) const { return scaled(units, size / unitsPerEm); }
+std::tuple<bool, int, FontWeight, FontWeight> FaceMetrics::distance(FontWeight wanted) const {
+  constexpr int normalWidth = 5;
+  return {units.italicAngle != 0, std::abs(widthClass - normalWidth), std::abs(weight - wanted), weight};
+}
+
+FontMetrics FaceMetrics::at(double size) const { return scaled(units, size, unitsPerEm); }
 
 std::optional<FaceMetrics> readMetrics(const FontTables& tables) {
   const BigEndianReader head(tables.head);
@@ -114,6 +122,7 @@ std::optional<FaceMetrics> readMetrics(const FontTables& tables) {
   units.underlinePosition = post.i16(8);
   units.underlineThickness = post.i16(10);
   if (os2.holds(6)) metrics.weight = std::clamp<int>(os2.u16(4), 1, 1000);
+  if (os2.holds(8)) metrics.widthClass = os2.u16(6);
   metrics.hasLetterHeights = os2.u16(0) >= 2 && os2.holds(90);
   if (metrics.hasLetterHeights) {
     units.xHeight = os2.i16(86);

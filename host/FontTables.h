@@ -4,6 +4,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <tuple>
 
 #include "host/Text.h"
 
@@ -27,6 +28,11 @@ struct FaceMetrics {
   bool hasLetterHeights = false;
   /// 1 to 1000; 400 where the face does not tell.
   FontWeight weight = 400;
+  int widthClass = 5;  ///< 1 for ultra-condensed to 9 for ultra-expanded, 5 for normal
+
+  /// Orders the faces of a family by how far they are from an upright one of normal width in that weight:
+  /// the least is the nearest.
+  [[nodiscard]] std::tuple<bool, int, FontWeight, FontWeight> distance(FontWeight wanted) const;
 
   /// At `size` points to the em.
   [[nodiscard]] FontMetrics at(double size) const;

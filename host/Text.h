@@ -87,6 +87,8 @@ class Font {
   [[nodiscard]] virtual std::string postScriptName() const = 0;
   /// As people know it.
   [[nodiscard]] virtual std::string familyName() const = 0;
+  /// As the face says itself; 400 where it does not.
+  [[nodiscard]] virtual FontWeight weight() const = 0;
   /// The face's own glyph for a character; 0 when it has none.
   [[nodiscard]] virtual std::uint32_t glyph(char32_t character) const = 0;
   /// How far the pen travels past a glyph of the face, in points.
@@ -120,6 +122,11 @@ class Fonts {
   /// The registered or else installed face of that PostScript name. A name that other systems' faces for
   /// Japanese, Chinese or Korean have finds what stands in for it here. Empty when there is none.
   [[nodiscard]] virtual std::shared_ptr<const Font> font(std::string_view postScriptName, double size) = 0;
+  /// Of the registered and installed faces of that family, by the name that people know it by, an upright one
+  /// of normal width in the weight next to `weight`, as far as there is one. Empty when there is no such
+  /// family.
+  [[nodiscard]] virtual std::shared_ptr<const Font> fontInFamily(std::string_view family, double size,
+                                                                 FontWeight weight) = 0;
   /// The best installed face that covers a language ("ja", "zh-Hant", "he"), else the system face; never
   /// empty.
   [[nodiscard]] virtual std::shared_ptr<const Font> fontForLanguage(std::string_view language, double size,

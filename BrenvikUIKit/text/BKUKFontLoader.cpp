@@ -66,8 +66,9 @@ Ref<NSFont> BKUKFontLoader::loadFont(BKUKFontType type, double size) const {
   }
   const auto name = identifiers_->find(type);
   if (name == identifiers_->end()) fatal("Requested font of non existing type", unit, 58);
+  const std::string missing = "Font could not be loaded";
   auto font = NSFont::font(name->second, size);
-  if (!font) fatal("Font could not be loaded", unit, 63);
+  if (!font) fatal(name->second.empty() ? missing : missing + ": " + name->second, unit, 63);
   return font;
 }
 

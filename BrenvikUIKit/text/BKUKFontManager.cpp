@@ -37,6 +37,8 @@ void BKUKFontManager::clearCache() { shared().cache_->removeAllObjects(); }
 
 Ref<NSFont> BKUKFontManager::cachedFont(FontTypes type, double size) {
   if (static_cast<std::ptrdiff_t>(cache_->count()) > maximumCacheSize_) cache_->removeAllObjects();
+  // Sizes that are none are all one, so that none of them fills the cache.
+  size = CTFontUsableSize(size, 0);
   const auto key = make<FontKey>(type, size);
   if (const auto found = cache_->object(key.get())) return Ref<NSFont>(static_cast<NSFont*>(found.get()));
   auto font = BKUKFontLoader::shared().loadFont(type, size);

@@ -20,7 +20,8 @@ class BKUKFontManager final : public NSObject {
 
   [[nodiscard]] static BKUKFontManager& shared();
 
-  /// `size` in points. Stops the process when there is no such font: see `BKUKFontLoader::loadFont`.
+  /// `size` in points; 0, and as that negative and not finite ones, for 12. Stops the process when there is
+  /// no such font: see `BKUKFontLoader::loadFont`.
   [[nodiscard]] static Ref<NSFont> Font(FontTypes withType, double size);
   /// The height of the box around all glyphs of the font, in points.
   [[nodiscard]] static double HeightOfFont(FontTypes withType, double size);

@@ -7,6 +7,7 @@
 #include "BrenvikUIKit/text/BKUKNSAttributedString+Extensions.h"
 #include "BrenvikUIKit/text/CustomAttributes.h"
 #include "platform/appkit/NSGraphicsContext.h"
+#include "platform/foundation/CGRoundedUp.h"
 #include "platform/foundation/Fatal.h"
 
 namespace bkuk {
@@ -251,32 +252,40 @@ void BKUKLabel::setSyncedLineSpacing(double spacing) const {
   setParagraph(*textStorage_, *alignment, spacing);
 }
 
-NSSize BKUKLabel::intrinsicContentSize() const {
+BKUKLabel::Measure BKUKLabel::measured(double labelWidth) const {
   updateContainer();
   const bool synced = isSynced();
   if (synced) setSyncedLineSpacing(0);
   const double padding = textContainer_->lineFragmentPadding();
-  const double width = bounds().width() - 2 * padding;
+  const double width = labelWidth - 2 * padding;
   const NSSize full = textStorage_->boundingRect({}, measuring).size;
   const bool isOneSize = width <= 0 || full.width <= width;
   const NSSize wrapped = isOneSize ? full : textStorage_->boundingRect({width, 0}, measuring).size;
   if (synced) setSyncedLineSpacing(std::round(syncOffset_));
 
-  const double natural = std::ceil(wrapped.height);
+  const double natural = CGRoundedUp(wrapped.height);
   const double height = rounded(natural, roundingRule_);
   // Both what is added above the text and what moves it down, which is why it counts twice.
-  layoutRoundingOffset_ = 2 * (height - natural);
-  cachedIntrinsicContentSize_ = {std::ceil(full.width) + 2 * padding, height};
+  Measure measure{{CGRoundedUp(full.width) + 2 * padding, height}, 2 * (height - natural)};
   const auto& ownFont = font();
   if (ownFont && synced) {
-    cachedIntrinsicContentSize_.height += BKUKFontConfig::shared().textFieldBottomOffset(*ownFont);
+    measure.size.height += BKUKFontConfig::shared().textFieldBottomOffset(*ownFont);
   } else if (ownFont) {
     const double top = topTextPadding_(*ownFont);
-    layoutRoundingOffset_ += top;
-    cachedIntrinsicContentSize_.height += bottomTextPadding_(*ownFont) + top;
+    measure.roundingOffset += top;
+    measure.size.height += bottomTextPadding_(*ownFont) + top;
   }
+  return measure;
+}
+
+NSSize BKUKLabel::intrinsicContentSize() const {
+  const auto measure = measured(bounds().width());
+  cachedIntrinsicContentSize_ = measure.size;
+  layoutRoundingOffset_ = measure.roundingOffset;
   return cachedIntrinsicContentSize_;
 }
+
+double BKUKLabel::height(double forWidth) const { return measured(forWidth).size.height; }
 
 // Where the text's box lies.
 double BKUKLabel::verticalTextOffset() const {

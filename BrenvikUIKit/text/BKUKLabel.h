@@ -141,6 +141,10 @@ class BKUKLabel : public NSView {
   /// lower edge; the number of characters beyond these.
   [[nodiscard]] std::size_t characterIndex(NSPoint at, bool roundingUp);
 
+  /// The height that the label asks for where it is `forWidth` points wide, whatever its width is now: for
+  /// whoever places labels without constraints. A width of 0 wraps nothing. Changes nothing of what is shown.
+  [[nodiscard]] double height(double forWidth) const;
+
   // What the last measuring found
 
   [[nodiscard]] NSSize cachedIntrinsicContentSize() const { return cachedIntrinsicContentSize_; }
@@ -181,6 +185,11 @@ class BKUKLabel : public NSView {
   virtual void textDidChange();
 
  private:
+  struct Measure {
+    NSSize size;
+    double roundingOffset = 0;
+  };
+
   template <typename Change>
   void changeAttributes(Change change);
   void didUpdateAttributes();
@@ -188,6 +197,7 @@ class BKUKLabel : public NSView {
   void measureAgain();
   [[nodiscard]] bool isSynced() const;
   void setSyncedLineSpacing(double spacing) const;
+  [[nodiscard]] Measure measured(double labelWidth) const;
   [[nodiscard]] double verticalTextOffset() const;
   [[nodiscard]] Ref<NSFont> fontForBaselines() const;
 

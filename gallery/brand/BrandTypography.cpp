@@ -29,8 +29,13 @@ Identifiers dejaVu() {
 }
 
 Identifiers desktopFace() {
-  const auto name = NSFont::systemFont(0)->fontName();
-  return {{Type::thin, name}, {Type::light, name}, {Type::regular, name}, {Type::bold, name}};
+  const auto usual = NSFont::systemFont(0);
+  const auto face = [&](NSFontWeight weight) {
+    const auto font = NSFont::fontInFamily(usual->familyName(), weight, 0);
+    return (font ? font : usual)->fontName();
+  };
+  return {
+      {Type::thin, face(200)}, {Type::light, face(300)}, {Type::regular, face(400)}, {Type::bold, face(700)}};
 }
 
 /// False when one of the faces is not there. Files among the program's resources go before installed faces.

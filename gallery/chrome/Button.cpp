@@ -1,9 +1,8 @@
 #include "gallery/chrome/Button.h"
 
-#include <cmath>
-
 #include "BrenvikUIKit/colour/BKUKTheme.h"
 #include "BrenvikUIKit/style/BKUKStatefulBorder.h"
+#include "platform/foundation/CGRoundedUp.h"
 
 namespace bkuk::gallery {
 
@@ -62,7 +61,7 @@ void Button::didInit() {
   addSubview(title_);
 }
 
-NSSize Button::fittingSize() const { return {std::ceil(title_->textWidth()) + 2 * padding, height}; }
+NSSize Button::fittingSize() const { return {CGRoundedUp(title_->textWidth()) + 2 * padding, height}; }
 
 void Button::setSelected(bool selected) {
   BKUKStatefulView::setSelected(selected);

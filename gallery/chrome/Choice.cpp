@@ -1,10 +1,10 @@
 #include "gallery/chrome/Choice.h"
 
 #include <algorithm>
-#include <cmath>
 #include <utility>
 
 #include "gallery/chrome/Direction.h"
+#include "platform/foundation/CGRoundedUp.h"
 
 namespace bkuk::gallery {
 
@@ -156,7 +156,7 @@ bool Choice::resignFirstResponder() {
 CGFloat Choice::segmentWidth() const {
   CGFloat widest = 0;
   for (const auto& label : labels_) widest = std::max(widest, label->textWidth());
-  return std::ceil(widest) + 2 * segmentPadding;
+  return CGRoundedUp(widest) + 2 * segmentPadding;
 }
 
 NSSize Choice::fittingSize() const {

@@ -1,9 +1,9 @@
 #include "gallery/chrome/TextLabel.h"
 
-#include <cmath>
 #include <utility>
 
 #include "gallery/brand/BrandFont.h"
+#include "platform/foundation/CGRoundedUp.h"
 
 namespace bkuk::gallery {
 
@@ -35,7 +35,7 @@ void TextLabel::setColor(Color color) {
 CGFloat TextLabel::textWidth() const { return line_->width(); }
 
 NSSize TextLabel::intrinsicContentSize() const {
-  return {std::ceil(line_->width()), std::ceil(line_->ascent() + line_->descent())};
+  return {CGRoundedUp(line_->width()), CGRoundedUp(line_->ascent() + line_->descent())};
 }
 
 CGFloat TextLabel::firstBaselineOffsetFromTop() const {

@@ -3,6 +3,8 @@
 #include <cmath>
 #include <cstdio>
 
+#include "platform/foundation/CGRoundedUp.h"
+
 namespace bkuk::gallery {
 
 BKUKFontSettings cardText(double size, BKUKFontType type) {
@@ -31,7 +33,7 @@ Ref<BKUKLabel> makeTightLabel(std::string_view text, const BKUKFontSettings& sty
 
 CGFloat heightOfText(const BKUKLabel& label, CGFloat width) {
   const auto text = label.builder()->build();
-  return std::ceil(text->boundingRect({width, 0}, NSStringDrawingOptions::usesLineFragmentOrigin).height());
+  return CGRoundedUp(text->boundingRect({width, 0}, NSStringDrawingOptions::usesLineFragmentOrigin).height());
 }
 
 }  // namespace bkuk::gallery

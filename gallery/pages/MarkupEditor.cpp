@@ -6,6 +6,7 @@
 
 #include "BrenvikUIKit/interaction/BKUKKeyCodes.h"
 #include "gallery/pages/LabelText.h"
+#include "platform/foundation/CGRoundedUp.h"
 
 namespace bkuk::gallery {
 
@@ -143,7 +144,7 @@ void MarkupEditor::layOut(CGFloat width) const {
 
 CGFloat MarkupEditor::heightForWidth(CGFloat width) const {
   layOut(width);
-  return std::max(lowest, std::ceil(layoutManager_->usedRect(*container_).height()) + 2 * padding);
+  return std::max(lowest, CGRoundedUp(layoutManager_->usedRect(*container_).height()) + 2 * padding);
 }
 
 NSRect MarkupEditor::caretRect() const {

@@ -2,6 +2,7 @@
 
 #include <QtGui/QPainterPath>
 #include <span>
+#include <utility>
 
 namespace bkuk::host {
 
@@ -70,14 +71,17 @@ FaceMetrics metricsOf(const QRawFont& font, const FontTables& tables) {
 
 }  // namespace
 
-QtFace::QtFace(QFont font)
-    : id_(nextId()), layoutFont_(forLayout(font, true)), unkernedFont_(forLayout(std::move(font), false)) {
+QtFace::QtFace(QFont font, std::string family)
+    : id_(nextId()),
+      layoutFont_(forLayout(font, true)),
+      unkernedFont_(forLayout(std::move(font), false)),
+      familyName_(std::move(family)) {
   rawFont_ = QRawFont::fromFont(layoutFont_);
   const LoadedTables loaded(rawFont_);
   const auto tables = loaded.tables();
   metrics_ = metricsOf(rawFont_, tables);
   postScriptName_ = host::postScriptName(tables);
-  familyName_ = host::familyName(tables);
+  if (familyName_.empty()) familyName_ = host::familyName(tables);
 }
 
 std::string QtFace::postScriptNameOf(const QFont& font) {

@@ -17,8 +17,9 @@ class QtFace {
   /// larger sizes the font engine would load each glyph anew each time it is asked for its width.
   static constexpr int layoutSize = 256;
 
-  /// `font` says which face; its size is ignored.
-  explicit QtFace(QFont font);
+  /// `font` says which face; its size is ignored. `family` is what people know the face by when that is not
+  /// what it calls itself to Qt.
+  explicit QtFace(QFont font, std::string family = {});
 
   /// Unlike that of any other face of the process.
   [[nodiscard]] std::uint32_t id() const { return id_; }
@@ -26,6 +27,7 @@ class QtFace {
     return usesPairKerning ? layoutFont_ : unkernedFont_;
   }
   [[nodiscard]] const QRawFont& rawFont() const { return rawFont_; }
+  [[nodiscard]] const FaceMetrics& metrics() const { return metrics_; }
   [[nodiscard]] FontMetrics metrics(double size) const { return metrics_.at(size); }
   [[nodiscard]] const std::string& postScriptName() const { return postScriptName_; }
   [[nodiscard]] const std::string& familyName() const { return familyName_; }

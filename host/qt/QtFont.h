@@ -17,6 +17,7 @@ class QtFont final : public Font {
   [[nodiscard]] FontMetrics metrics() const override { return face_->metrics(size_); }
   [[nodiscard]] std::string postScriptName() const override { return face_->postScriptName(); }
   [[nodiscard]] std::string familyName() const override { return face_->familyName(); }
+  [[nodiscard]] FontWeight weight() const override { return face_->metrics().weight; }
   [[nodiscard]] std::uint32_t glyph(char32_t character) const override;
   [[nodiscard]] double advance(std::uint32_t glyph) const override;
   [[nodiscard]] std::shared_ptr<const TextLine> shape(std::u16string_view text,

@@ -48,6 +48,17 @@ std::shared_ptr<const Font> QtFonts::font(std::string_view postScriptName, doubl
   return found ? made(found, size) : nullptr;
 }
 
+std::shared_ptr<const Font> QtFonts::fontInFamily(std::string_view family, double size, FontWeight weight) {
+  QtApplication::shared(QtApplication::Purpose::drawing);
+  const auto name = registered_.nearestInFamily(family, weight);
+  const auto registered = name ? face(*name) : nullptr;
+  const auto installed = installedFace(family, weight);
+  if (!registered && !installed) return nullptr;
+  const bool isRegistered = !installed || (registered && registered->metrics().distance(weight) <=
+                                                             installed->metrics().distance(weight));
+  return made(isRegistered ? registered : installed, size);
+}
+
 std::shared_ptr<const Font> QtFonts::fontForLanguage(std::string_view language, double size,
                                                      FontWeight weight) {
   QtApplication::shared(QtApplication::Purpose::drawing);
@@ -86,16 +97,29 @@ QtFonts::Face QtFonts::faceOf(const QFont& font) {
 QtFonts::Face QtFonts::face(const std::string& postScriptName) {
   if (postScriptName.empty()) return nullptr;
   if (const auto found = faces_.find(postScriptName); found != faces_.end()) return found->second;
-  auto font = registered_.font(postScriptName);
-  if (!font && !installed_.contains(postScriptName)) indexFamiliesLike(postScriptName);
-  if (!font && !installed_.contains(postScriptName)) {
+  if (const auto font = registered_.font(postScriptName)) {
+    return faces_[postScriptName] = std::make_shared<QtFace>(*font, registered_.familyName(postScriptName));
+  }
+  if (!installed_.contains(postScriptName)) indexFamiliesLike(postScriptName);
+  if (!installed_.contains(postScriptName)) {
     // Looking at every face is not worth it for names that stand for others anyway.
     if (auto face = standIn(postScriptName)) return faces_[postScriptName] = face;
     indexEverything();
   }
   const auto found = installed_.find(postScriptName);
-  if (!font && found != installed_.end()) font = found->second;
-  return font ? faces_[postScriptName] = std::make_shared<QtFace>(*font) : nullptr;
+  if (found == installed_.end()) return nullptr;
+  return faces_[postScriptName] = std::make_shared<QtFace>(found->second);
+}
+
+// Whatever Qt would make of a face that is not as heavy as was asked for: the face itself, by its name.
+QtFonts::Face QtFonts::installedFace(std::string_view family, FontWeight weight) {
+  const auto name = QString::fromUtf8(family.data(), static_cast<qsizetype>(family.size()));
+  if (!QFontDatabase::hasFamily(name)) return nullptr;
+  QFont font(name);
+  font.setWeight(usableWeight(weight));
+  font.setStretch(QFont::Unstretched);
+  font.setStyleStrategy(QFont::NoFontMerging);
+  return face(QtFace::postScriptNameOf(font));
 }
 
 QtFonts::Face QtFonts::standIn(std::string_view postScriptName) {

@@ -22,6 +22,8 @@ class QtFonts final : public Fonts {
  public:
   [[nodiscard]] std::shared_ptr<const Font> systemFont(double size, FontWeight weight) override;
   [[nodiscard]] std::shared_ptr<const Font> font(std::string_view postScriptName, double size) override;
+  [[nodiscard]] std::shared_ptr<const Font> fontInFamily(std::string_view family, double size,
+                                                         FontWeight weight) override;
   [[nodiscard]] std::shared_ptr<const Font> fontForLanguage(std::string_view language, double size,
                                                             FontWeight weight) override;
   FontRegistration registerFile(const std::string& path) override;
@@ -39,6 +41,7 @@ class QtFonts final : public Fonts {
   using Face = std::shared_ptr<const QtFace>;
 
   [[nodiscard]] Face face(const std::string& postScriptName);
+  [[nodiscard]] Face installedFace(std::string_view family, FontWeight weight);
   [[nodiscard]] Face standIn(std::string_view postScriptName);
   [[nodiscard]] Face faceOf(const QFont& font);
   [[nodiscard]] std::shared_ptr<const Font> made(const Face& face, double size) const;

@@ -55,7 +55,8 @@ FontRegistration QtRegisteredFaces::registerFile(const std::string& path) {
       hasKnown = true;
       continue;
     }
-    Entry entry{file, std::move(face), {}};
+    const auto tables = face.fontTables();
+    Entry entry{file, std::move(face), *readMetrics(tables), host::familyName(tables), {}};
     // The first face tells whether Qt takes the file; the others of a collection wait until they are needed.
     if (result.names.empty()) handOver(entry);
     if (result.names.empty() && !entry.font) break;
@@ -74,17 +75,33 @@ std::optional<QFont> QtRegisteredFaces::font(std::string_view postScriptName) {
   return found->second.font;
 }
 
+std::string QtRegisteredFaces::familyName(std::string_view postScriptName) const {
+  const auto found = entries_.find(postScriptName);
+  return found == entries_.end() ? std::string() : found->second.family;
+}
+
+std::optional<std::string> QtRegisteredFaces::nearestInFamily(std::string_view family,
+                                                              FontWeight weight) const {
+  const std::pair<const std::string, Entry>* nearest = nullptr;
+  for (const auto& entry : entries_) {
+    if (entry.second.family != family) continue;
+    const bool isNearer =
+        !nearest || entry.second.metrics.distance(weight) < nearest->second.metrics.distance(weight);
+    if (isNearer) nearest = &entry;
+  }
+  return nearest ? std::optional(nearest->first) : std::nullopt;
+}
+
 void QtRegisteredFaces::handOver(Entry& entry) {
   const auto family = newFamily();
   const auto bytes = fileOfFace(entry.face, family);
-  const auto weight = readMetrics(entry.face.fontTables())->weight;
   entry.face.tables.clear();
   entry.file = nullptr;
   const QByteArray data(reinterpret_cast<const char*>(bytes.data()), static_cast<qsizetype>(bytes.size()));
   if (QFontDatabase::addApplicationFontFromData(data) < 0) return;
   QFont font(QString::fromStdString(family));
   // So that faces which help out are as heavy.
-  font.setWeight(static_cast<QFont::Weight>(weight));
+  font.setWeight(static_cast<QFont::Weight>(entry.metrics.weight));
   QFont alone = font;
   alone.setStyleStrategy(QFont::NoFontMerging);
   if (QtFace::postScriptNameOf(alone) == entry.face.postScriptName) entry.font = font;

@@ -22,11 +22,17 @@ class QtRegisteredFaces {
 
   /// Absent for a name that is not registered and for a face that Qt refuses.
   [[nodiscard]] std::optional<QFont> font(std::string_view postScriptName);
+  /// As the file has it; empty for a name that is not registered.
+  [[nodiscard]] std::string familyName(std::string_view postScriptName) const;
+  /// The PostScript name of the family's face next to that weight; absent when no face of it is registered.
+  [[nodiscard]] std::optional<std::string> nearestInFamily(std::string_view family, FontWeight weight) const;
 
  private:
   struct Entry {
     std::shared_ptr<const std::vector<std::byte>> file;  // empty once the face has been handed to Qt
     FontFileFace face;
+    FaceMetrics metrics;
+    std::string family;
     std::optional<QFont> font;
   };
 

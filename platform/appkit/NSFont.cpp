@@ -1,7 +1,7 @@
 #include "platform/appkit/NSFont.h"
 
 #include <map>
-#include <utility>
+#include <tuple>
 
 namespace bkuk {
 
@@ -10,7 +10,8 @@ namespace {
 constexpr CGFloat usualSize = 12;
 constexpr CGFloat usualSystemSize = 13;
 
-using Key = std::pair<std::string, CGFloat>;
+/// A face by name, or the system face by weight, and a size.
+using Key = std::tuple<std::string, NSFontWeight, CGFloat>;
 
 std::map<Key, Weak<NSFont>>& livingFonts() {
   static auto& fonts = *new std::map<Key, Weak<NSFont>>;
@@ -27,7 +28,8 @@ Ref<NSFont> shared(const Key& key, Load load) {
   const Ref<CTFont> face = load();
   if (!face) return nullptr;
   std::erase_if(fonts, [](const auto& entry) { return !entry.second.isAlive(); });
-  auto font = make<NSFont>(key.first.empty() ? face->postScriptName() : key.first, face);
+  const auto& name = std::get<std::string>(key);
+  auto font = make<NSFont>(name.empty() ? face->postScriptName() : name, face);
   fonts[key] = font.get();
   return font;
 }
@@ -35,14 +37,20 @@ Ref<NSFont> shared(const Key& key, Load load) {
 }  // namespace
 
 Ref<NSFont> NSFont::font(std::string_view name, CGFloat size) {
-  if (size == 0) size = usualSize;
-  return shared({std::string(name), size}, [&] { return CTFont::font(name, size); });
+  if (name.empty()) return nullptr;
+  size = CTFontUsableSize(size, usualSize);
+  return shared({std::string(name), 0, size}, [&] { return CTFont::font(name, size); });
 }
 
-Ref<NSFont> NSFont::systemFont(CGFloat ofSize) {
-  if (ofSize == 0) ofSize = usualSystemSize;
+Ref<NSFont> NSFont::fontInFamily(std::string_view family, NSFontWeight weight, CGFloat size) {
+  const auto face = CTFont::fontInFamily(family, weight, size);
+  return face ? font(face->postScriptName(), size) : nullptr;
+}
+
+Ref<NSFont> NSFont::systemFont(CGFloat ofSize, NSFontWeight weight) {
+  ofSize = CTFontUsableSize(ofSize, usualSystemSize);
   // The empty name stands for whatever the desktop uses.
-  return shared({std::string(), ofSize}, [&] { return CTFont::systemFont(ofSize); });
+  return shared({std::string(), weight, ofSize}, [&] { return CTFont::systemFont(ofSize, weight); });
 }
 
 }  // namespace bkuk

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "host/Host.h"
+#include "platform/foundation/CGRoundedUp.h"
 
 namespace bkuk {
 
@@ -27,8 +28,8 @@ host::PixelSize pixelsFor(CGSize size) {
   if (!hasExtent(size)) return {};
   const auto scale = std::min({host::current().screens().front().scale, longest / size.width,
                                longest / size.height, std::sqrt(most / size.width / size.height)});
-  return {static_cast<int>(std::ceil(size.width * scale - 1e-6)),
-          static_cast<int>(std::ceil(size.height * scale - 1e-6))};
+  return {static_cast<int>(CGRoundedUp(size.width * scale)),
+          static_cast<int>(CGRoundedUp(size.height * scale))};
 }
 
 // Saves the current graphics state for the length of a scope.

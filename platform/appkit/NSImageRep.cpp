@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "platform/appkit/NSGraphicsContext.h"
+#include "platform/foundation/CGRoundedUp.h"
 
 namespace bkuk {
 
@@ -14,7 +15,7 @@ host::PixelSize pixelSize(const CGContext& context, CGSize size) {
   constexpr double most = 8192;
   const auto t = context.userSpaceToDeviceSpaceTransform();
   const auto pixels = [most](double length, double x, double y) {
-    return static_cast<int>(std::clamp(std::ceil(length * std::hypot(x, y) - 1e-6), 1.0, most));
+    return static_cast<int>(std::clamp(CGRoundedUp(length * std::hypot(x, y)), 1.0, most));
   };
   return {pixels(size.width, t.a, t.b), pixels(size.height, t.c, t.d)};
 }

@@ -1,11 +1,11 @@
 #include "platform/appkit/NSTextField.h"
 
 #include <algorithm>
-#include <cmath>
 #include <utility>
 
 #include "platform/appkit/NSApplication.h"
 #include "platform/appkit/NSGraphicsContext.h"
+#include "platform/foundation/CGRoundedUp.h"
 #include "platform/foundation/NSString.h"
 
 namespace bkuk {
@@ -16,11 +16,20 @@ constexpr CGFloat padding = 2;  // points on each side
 constexpr auto measuring =
     NSStringDrawingOptions::usesLineFragmentOrigin | NSStringDrawingOptions::usesFontLeading;
 
+/// Black on a light appearance and white on a dark one, whichever there is when it is asked.
+class TextColor final : public NSColor {
+ public:
+  [[nodiscard]] Ref<CGColor> cgColor() const override {
+    const std::string_view names[] = {NSAppearanceNameAqua, NSAppearanceNameDarkAqua};
+    const auto appearance = NSApplication::shared().effectiveAppearance();
+    const bool isDark = appearance->bestMatch(names) == NSAppearanceNameDarkAqua;
+    return (isDark ? NSColor::white() : NSColor::black())->cgColor();
+  }
+};
+
 Ref<NSColor> shownTextColor(const Ref<NSColor>& color) {
-  if (color) return color;
-  const std::string_view names[] = {NSAppearanceNameAqua, NSAppearanceNameDarkAqua};
-  const auto appearance = NSApplication::shared().effectiveAppearance();
-  return appearance->bestMatch(names) == NSAppearanceNameDarkAqua ? NSColor::white() : NSColor::black();
+  static const auto& usual = *new Ref<NSColor>(make<TextColor>());
+  return color ? color : usual;
 }
 
 }  // namespace
@@ -170,8 +179,8 @@ NSSize NSTextField::intrinsicContentSize() const {
     text = make<NSAttributedString>(NSString(" "), NSAttributeDictionary{{NSFontAttributeName, font_}});
   const NSSize size = text->boundingRect({width, 0}, measuring).size;
   return {
-      editable_ ? NSViewNoIntrinsicMetric : std::ceil(stringValue_.empty() ? 0 : size.width) + 2 * padding,
-      std::ceil(size.height)};
+      editable_ ? NSViewNoIntrinsicMetric : CGRoundedUp(stringValue_.empty() ? 0 : size.width) + 2 * padding,
+      CGRoundedUp(size.height)};
 }
 
 // A new size moves the text, and the baselines that constraints go by.

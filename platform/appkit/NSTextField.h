@@ -20,7 +20,8 @@ class NSTextField : public NSControl {
   [[nodiscard]] const std::string& stringValue() const { return stringValue_; }
   /// UTF-8, in the look of the field: attributes that were set are dropped.
   void setStringValue(std::string text);
-  /// The text with its attributes; those of a plain one are the field's font, colour and paragraph style.
+  /// The text with its attributes; those of a plain one are the field's font, colour and paragraph style. A
+  /// field without a colour gives one that follows the appearance, also as part of another text.
   [[nodiscard]] Ref<NSAttributedString> attributedStringValue() const;
   /// Shows the text in its own look; what it leaves open is the platform's default, not the field's.
   void setAttributedStringValue(const NSAttributedString& text);

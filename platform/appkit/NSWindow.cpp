@@ -16,6 +16,7 @@
 #include "platform/appkit/NSWindowFrameView.h"
 #include "platform/appkit/NSWindowMouseRouter.h"
 #include "platform/appkit/NSWindowTracking.h"
+#include "platform/foundation/CGRoundedUp.h"
 #include "platform/foundation/Fatal.h"
 #include "platform/foundation/NSRunLoop.h"
 #include "platform/quartzcore/CATransaction.h"
@@ -155,7 +156,7 @@ void NSWindow::adoptFrame(NSRect frame) {
 void NSWindow::adoptScale() {
   const CGFloat scale = backingScaleFactor();
   const auto pixels = [scale](CGFloat points) {
-    return std::min(static_cast<int>(std::ceil(points * scale - 1e-6)), host::Bitmap::maxSide);
+    return std::min(static_cast<int>(CGRoundedUp(points * scale)), host::Bitmap::maxSide);
   };
   const auto size = hostWindow_ ? hostWindow_->pixelSize()
                                 : host::PixelSize{pixels(frame_.size.width), pixels(frame_.size.height)};

@@ -1,21 +1,42 @@
 #include "platform/coretext/CTFont.h"
 
+#include <cmath>
 #include <utility>
 
 #include "host/Host.h"
 
 namespace bkuk {
 
+namespace {
+
+constexpr CGFloat usualSize = 12;
+
+Ref<CTFont> made(std::shared_ptr<const host::Font> font, CGFloat size) {
+  return font ? make<CTFont>(std::move(font), size) : nullptr;
+}
+
+}  // namespace
+
+CGFloat CTFontUsableSize(CGFloat size, CGFloat usual) {
+  return std::isfinite(size) && size > 0 ? size : usual;
+}
+
 CTFont::CTFont(std::shared_ptr<const host::Font> font, CGFloat size)
     : font_(std::move(font)), metrics_(font_->metrics()), size_(size) {}
 
 Ref<CTFont> CTFont::systemFont(CGFloat size, host::FontWeight weight) {
-  return make<CTFont>(host::current().fonts().systemFont(size, weight), size);
+  size = CTFontUsableSize(size, usualSize);
+  return made(host::current().fonts().systemFont(size, weight), size);
 }
 
 Ref<CTFont> CTFont::font(std::string_view postScriptName, CGFloat size) {
-  auto font = host::current().fonts().font(postScriptName, size);
-  return font ? make<CTFont>(std::move(font), size) : nullptr;
+  size = CTFontUsableSize(size, usualSize);
+  return made(host::current().fonts().font(postScriptName, size), size);
+}
+
+Ref<CTFont> CTFont::fontInFamily(std::string_view family, host::FontWeight weight, CGFloat size) {
+  size = CTFontUsableSize(size, usualSize);
+  return made(host::current().fonts().fontInFamily(family, size, weight), size);
 }
 
 CGRect CTFont::boundingBox() const {

@@ -13,7 +13,10 @@ namespace bkuk {
 
 using CGGlyph = std::uint32_t;
 
-/// A face at a size. Immutable.
+/// `size`, or `usual` where that is none: 0, negative or not finite.
+[[nodiscard]] CGFloat CTFontUsableSize(CGFloat size, CGFloat usual);
+
+/// A face at a size, in points; one that is no size means 12. Immutable.
 class CTFont final : public NSObject {
  public:
   /// The desktop's interface face. `weight` is on the scale of the OpenType weight class.
@@ -22,12 +25,19 @@ class CTFont final : public NSObject {
   /// other systems' faces for Japanese, Chinese or Korean have find what stands in for them.
   [[nodiscard]] static Ref<CTFont> font(std::string_view postScriptName, CGFloat size);
 
+  /// The face of that family, as people know it, next to that weight: upright and of normal width, if there
+  /// is one. Empty when there is no such family.
+  [[nodiscard]] static Ref<CTFont> fontInFamily(std::string_view family, host::FontWeight weight,
+                                                CGFloat size);
+
   explicit CTFont(std::shared_ptr<const host::Font> font, CGFloat size);
 
   [[nodiscard]] CGFloat size() const { return size_; }
   [[nodiscard]] std::string postScriptName() const { return font_->postScriptName(); }
   /// As people know it.
   [[nodiscard]] std::string familyName() const { return font_->familyName(); }
+  /// As the face says itself, on the scale of the OpenType weight class.
+  [[nodiscard]] host::FontWeight weight() const { return font_->weight(); }
   [[nodiscard]] CGFloat ascent() const { return metrics_.ascent; }
   /// Positive below the baseline.
   [[nodiscard]] CGFloat descent() const { return metrics_.descent; }

@@ -1,5 +1,7 @@
+#include <cmath>
 #include <gtest/gtest.h>
 
+#include "platform/appkit/NSApplication.h"
 #include "platform/appkit/NSLayoutConstraint.h"
 #include "platform/appkit/NSTextField.h"
 #include "platform/appkit/NSWindow.h"
@@ -84,6 +86,23 @@ TEST(NSTextField, TellsAndShowsAttributes) {
   EXPECT_LT(shown.field->firstBaselineOffsetFromTop(), before.height);
 }
 
+TEST(NSTextField, TextWithoutAColourFollowsTheAppearance) {
+  Field shown;
+  shown.field->setTextColor(nullptr);
+  const auto before = shown.field->attributedStringValue();
+  const auto whiteOf = [](const NSAttributedString& text) {
+    return text.attributes(0).object<NSColor>(NSForegroundColorAttributeName)->whiteComponent();
+  };
+  EXPECT_EQ(whiteOf(*before), 0);
+  // Part of another text, it is still not that of a moment.
+  shown.field->setAttributedStringValue(*before);
+  NSApplication::shared().setAppearance(NSAppearance::named(NSAppearanceNameDarkAqua));
+  EXPECT_EQ(whiteOf(*shown.field->attributedStringValue()), 1);
+  EXPECT_EQ(shown.ink().first, -1) << "drawn again in white";
+  NSApplication::shared().setAppearance(nullptr);
+  EXPECT_GE(shown.ink().first, 0);
+}
+
 TEST(NSTextField, TellsConstraintsItsBaselineAtEachSize) {
   Field shown;
   shown.field->setTranslatesAutoresizingMaskIntoConstraints(false);
@@ -117,8 +136,16 @@ TEST(NSFont, TheSameNameAndSizeAreOneObjectWhileItLives) {
   EXPECT_EQ(NSFont::systemFont(14), font);
   EXPECT_NE(NSFont::systemFont(15), font);
   EXPECT_EQ(NSFont::font("No such face", 14), nullptr);
+  EXPECT_EQ(NSFont::font("", 14), nullptr) << "not the system font";
+  EXPECT_GT(NSFont::systemFont(14, 700)->weight(), font->weight());
+  EXPECT_EQ(NSFont::fontInFamily("Inter", 700, 14), NSFont::font("Inter-Bold", 14));
   EXPECT_LT(font->descender(), 0);
-  EXPECT_EQ(NSFont::font(font->fontName(), 0) ? NSFont::font(font->fontName(), 0)->pointSize() : 12, 12);
+  const auto usual = NSFont::font("Inter-Regular", 0);
+  EXPECT_EQ(usual->pointSize(), 12);
+  for (const CGFloat size : {-3.0, HUGE_VAL, std::nan("")}) {
+    EXPECT_EQ(NSFont::font("Inter-Regular", size), usual);
+    EXPECT_EQ(NSFont::systemFont(size)->pointSize(), 13);
+  }
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "platform/foundation/CGRoundedUp.h"
 #include "platform/foundation/NSGeometry.h"
 
 namespace bkuk {
@@ -22,6 +23,12 @@ TEST(NSGeometry, EmptyRectanglesAddNothingAndAreNeverContained) {
   EXPECT_FALSE(NSContainsRect(rect, NSRect(5, 5, 0, 0)));
   EXPECT_EQ(NSIntersectionRect(rect, NSRect(20, 20, 5, 5)), NSZeroRect);
   EXPECT_EQ(NSInsetRect(rect, 6, 6).size, (NSSize{-2, -2}));
+}
+
+TEST(CGRoundedUp, ForgivesWhatCalculatingAdds) {
+  EXPECT_EQ(CGRoundedUp(14.000000000000002), 14);
+  EXPECT_EQ(CGRoundedUp(14.001), 15);
+  EXPECT_FALSE(std::signbit(CGRoundedUp(0)));
 }
 
 TEST(CGGeometry, NegativeExtentsAreTurnedOver) {

@@ -94,11 +94,43 @@ TEST(RegisteredFaces, AnswerTheirNamesAndAreFoundByThem) {
   const auto font = fonts.font("Inter-Bold", 20);
   ASSERT_TRUE(font);
   EXPECT_EQ(font->postScriptName(), "Inter-Bold");
+  EXPECT_EQ(font->familyName(), "Inter");
+  EXPECT_EQ(font->weight(), 700);
   EXPECT_EQ(fonts.registerFile(interFile).status, FontRegistration::Status::registeredBefore);
   // The registered face is the one that draws: it is as wide as the installed bold one, not as the regular.
   QtFonts installed;
   EXPECT_EQ(font->shape(u"Width", TextDirection::leftToRight)->width(),
             installed.font("Inter-Bold", 20)->shape(u"Width", TextDirection::leftToRight)->width());
+}
+
+TEST(FaceMetrics, WholeLengthsStayWholeAtEverySize) {
+  FaceMetrics face;
+  face.unitsPerEm = 1000;
+  face.units.ascent = 1000;
+  for (int size = 1; size < 200; ++size) EXPECT_EQ(face.at(size).ascent, size);
+}
+
+TEST(Families, AnswerTheFaceNextToAWeight) {
+  QtFonts fonts;
+  const auto nameOf = [&](const char* family, FontWeight weight) {
+    const auto font = fonts.fontInFamily(family, 12, weight);
+    return font ? font->postScriptName() : "none";
+  };
+  EXPECT_EQ(nameOf("Inter", 900), "Inter-Black");
+  EXPECT_EQ(nameOf("DejaVu Sans", 400), "DejaVuSans") << "neither condensed nor oblique";
+  EXPECT_EQ(nameOf("DejaVu Sans", 900), "DejaVuSans-Bold");
+  EXPECT_EQ(nameOf("No such family", 400), "none");
+  EXPECT_EQ(nameOf("", 400), "none");
+  // Faces of a family that is in files alone; an installed one is taken where it is nearer.
+  auto content = contents(interFile);
+  auto faces = readFontFile(bytesOf(content));
+  faces[0].postScriptName = "Mine-Bold";
+  const auto made = fileOfFace(faces[0], "Mine");
+  const TemporaryFile file({reinterpret_cast<const char*>(made.data()), made.size()});
+  fonts.registerFile(file.path());
+  EXPECT_EQ(nameOf("Mine", 100), "Mine-Bold");
+  fonts.registerFile("/usr/share/fonts/opentype/inter/Inter-BoldItalic.otf");
+  EXPECT_EQ(nameOf("Inter", 700), "Inter-Bold") << "upright";
 }
 
 TEST(RegisteredFaces, WinOverInstalledOnesOfTheSameName) {

@@ -1,3 +1,4 @@
+#include <cmath>
 #include <gtest/gtest.h>
 #include <set>
 
@@ -43,6 +44,11 @@ TEST_F(BKUKFontsTest, RemembersFontsAndForgetsAllAtOnce) {
   EXPECT_EQ(BKUKFontManager::cacheSize(), 26u);
   (void)BKUKFontManager::Font(Type::regular, 26);
   EXPECT_EQ(BKUKFontManager::cacheSize(), 1u) << "even a font that was there";
+  BKUKFontManager::clearCache();
+  for (const double size : {0.0, -1.0, HUGE_VAL, -HUGE_VAL, std::nan(""), -std::nan("1")}) {
+    EXPECT_EQ(BKUKFontManager::Font(Type::regular, size)->pointSize(), 12);
+  }
+  EXPECT_EQ(BKUKFontManager::cacheSize(), 1u) << "sizes that are none are one";
 }
 
 TEST_F(BKUKFontsTest, OtherNamesTakeEffectWhenTheCacheIsCleared) {
@@ -71,6 +77,9 @@ TEST_F(BKUKFontsTest, StopsWhereThereIsNoFont) {
   EXPECT_EQ(stopLine([] { (void)BKUKFontManager::Font(Type::light, 12); }),
             "Fatal error: Requested font of non existing type" + unit + "58");
   EXPECT_EQ(stopLine([] { (void)BKUKFontManager::Font(Type::thin, 12); }),
+            "Fatal error: Font could not be loaded: NoSuchFace" + unit + "63");
+  loader.registerFont({{Type::regular, ""}});
+  EXPECT_EQ(stopLine([] { (void)BKUKFontManager::Font(Type::regular, 12); }),
             "Fatal error: Font could not be loaded" + unit + "63");
   EXPECT_EQ(
       stopLine([] { (void)make<BKUKFontLoader>()->loadFont(Type::thin, 12); }),

@@ -1,7 +1,15 @@
+#include <filesystem>
+#include <fstream>
+#include <span>
+#include <unistd.h>
+
 #include "BrenvikUIKit/text/BKUKLabel.h"
 #include "BrenvikUIKit/text/BKUKNSTextField+Extensions.h"
+#include "host/FontFile.h"
+#include "platform/appkit/NSApplication.h"
 #include "platform/appkit/NSGraphicsContext.h"
 #include "platform/appkit/NSLayoutConstraint.h"
+#include "platform/coretext/CTFontManager.h"
 #include "tests/support/StopLine.h"
 #include "tests/text/LabelFixture.h"
 
@@ -43,6 +51,56 @@ TEST_F(BKUKLabelTest, RoundsTheHeightOfItsText) {
   const int before = inkRows().first;
   label->setLayoutRoundingRule(isEven ? BKUKLayoutRoundingRule::odd : BKUKLayoutRoundingRule::even);
   EXPECT_EQ(inkRows().first, before + 4);
+}
+
+/// Makes a face known whose lines are just as high as its size: four fifths of it and one fifth, which are no
+/// binary numbers.
+void registerSquareFace() {
+  std::ifstream source("/usr/share/fonts/opentype/inter/Inter-Regular.otf", std::ios::binary);
+  std::string content{std::istreambuf_iterator<char>(source), {}};
+  auto faces = host::readFontFile(std::as_bytes(std::span(content)));
+  const auto write = [&](std::string_view table, std::size_t at, int value) {
+    const auto start = reinterpret_cast<const char*>(faces[0].table(table).data()) - content.data();
+    content[static_cast<std::size_t>(start) + at] = static_cast<char>(value >> 8);
+    content[static_cast<std::size_t>(start) + at + 1] = static_cast<char>(value);
+  };
+  write("head", 18, 1000);
+  write("hhea", 4, 800);
+  write("hhea", 6, -200);
+  faces[0].postScriptName = "Square-Regular";
+  const auto made = host::fileOfFace(faces[0], "Square");
+  const auto path = testing::TempDir() + "bkuk-square-face" + std::to_string(getpid());
+  std::ofstream(path, std::ios::binary)
+      .write(reinterpret_cast<const char*>(made.data()), static_cast<std::streamsize>(made.size()));
+  CTFontManagerRegisterFontsForURL(path, kCTFontManagerScopeProcess);
+  std::filesystem::remove(path);
+}
+
+TEST_F(BKUKLabelTest, WholeHeightsAreNotRoundedUp) {
+  registerSquareFace();
+  const auto field = NSTextField::labelWithString("Label");
+  for (const int size : {7, 14, 28, 29, 35, 41}) {
+    const auto font = NSFont::font("Square-Regular", size);
+    ASSERT_TRUE(font);
+    label->setFont(font);
+    field->setFont(font);
+    EXPECT_EQ(label->intrinsicContentSize().height, size);
+    EXPECT_EQ(field->intrinsicContentSize().height, size);
+  }
+}
+
+TEST_F(BKUKLabelTest, TellsItsHeightForAWidthThatItDoesNotHave) {
+  label->setStringValue("several words that wrap");
+  label->setLayoutRoundingRule(BKUKLayoutRoundingRule::even);
+  label->setTopTextPadding([](const NSFont&) { return 3.0; });
+  show(label, {0, 0, 200, 30});
+  const double offset = label->layoutRoundingOffset();
+  const double narrow = label->height(60);
+  EXPECT_GT(narrow, 3 * naturalHeight());
+  EXPECT_EQ(label->height(0), label->height(1000));
+  EXPECT_EQ(label->layoutRoundingOffset(), offset);
+  label->setFrameSize({60, 100});
+  EXPECT_EQ(label->intrinsicContentSize().height, narrow);
 }
 
 TEST_F(BKUKLabelTest, PlacesItsTextAndTellsItsBaselines) {
@@ -290,6 +348,15 @@ TEST_F(BKUKLabelTest, TextFieldsTakeMarkupAndStyles) {
   apply(*field, style, "not there");
   EXPECT_EQ(fontAt(2), bold.font().get());
   EXPECT_EQ(fontAt(1), style.font().get());
+  // What the expression is not in keeps following the appearance.
+  const auto plain = NSTextField::labelWithString("a plain text");
+  apply(*plain, bold, "plain");
+  const auto color =
+      plain->attributedStringValue()->attributes(0).object<NSColor>(NSForegroundColorAttributeName);
+  EXPECT_EQ(color->whiteComponent(), 0);
+  NSApplication::shared().setAppearance(NSAppearance::named(NSAppearanceNameDarkAqua));
+  EXPECT_EQ(color->whiteComponent(), 1);
+  NSApplication::shared().setAppearance(nullptr);
   field->setStringValue("[b]open");
   apply(*field, {{"b", bold}}, style);
   EXPECT_EQ(field->stringValue(), "[b]open") << "malformed markup is shown as it is";
