@@ -9,6 +9,7 @@
 #include "platform/appkit/NSApplication.h"
 #include "platform/appkit/NSBezierPath.h"
 #include "platform/appkit/NSCursor.h"
+#include "platform/appkit/NSFocusRing.h"
 #include "platform/appkit/NSWindow.h"
 
 namespace bkuk {
@@ -19,6 +20,7 @@ using Link = BKUKInteractiveLabel::LinkFrame;
 
 constexpr std::uint16_t tabKeyCode = 48;
 constexpr CGFloat ringRadius = 3;  // points
+constexpr CGFloat lowestRing = 2;  // inside, around text however small
 
 // Where links lie in a text of which pieces were replaced.
 RangeFinder::Ranges linkRanges(const NSAttributedString& text) {
@@ -69,6 +71,18 @@ bool Link::accessibilityPerformFocus() {
 bool Link::accessibilityPerformPress() {
   const auto label = view();
   return label && label->press(*this);
+}
+
+Ref<BKUKInteractiveLabel> BKUKInteractiveLabel::label(std::string_view text) {
+  auto label = make<BKUKInteractiveLabel>();
+  label->setStringValue(text);
+  return label;
+}
+
+Ref<BKUKInteractiveLabel> BKUKInteractiveLabel::label(std::string_view text, const BKUKFontSettings& style) {
+  auto styled = label(text);
+  styled->apply(style);
+  return styled;
 }
 
 void BKUKInteractiveLabel::addLink(NSRange range, std::string identifier, Action action) {
@@ -129,7 +143,7 @@ bool BKUKInteractiveLabel::setMarkup(std::string_view markup,
   return true;
 }
 
-std::vector<NSRect> BKUKInteractiveLabel::rects(const LinkFrame& link) {
+std::vector<NSRect> BKUKInteractiveLabel::rects(const LinkFrame& link) const {
   updateContainer();
   auto found = textLayoutManager()->rects(link.range(), *textContainer());
   for (auto& rect : found) rect = rect.offsetBy(0, drawnTextTop());
@@ -242,13 +256,23 @@ bool BKUKInteractiveLabel::moveFocus(bool forward) {
   return true;
 }
 
+bool BKUKInteractiveLabel::isBackwardArrow(const NSEvent& event) const {
+  const bool isMirrored = userInterfaceLayoutDirection() == NSUserInterfaceLayoutDirection::rightToLeft;
+  return isKey(event, BKUKKeyCodes::arrow_up) ||
+         isKey(event, isMirrored ? BKUKKeyCodes::arrow_rigt : BKUKKeyCodes::arrow_left);
+}
+
+bool BKUKInteractiveLabel::isForwardArrow(const NSEvent& event) const {
+  const bool isMirrored = userInterfaceLayoutDirection() == NSUserInterfaceLayoutDirection::rightToLeft;
+  return isKey(event, BKUKKeyCodes::arrow_down) ||
+         isKey(event, isMirrored ? BKUKKeyCodes::arrow_left : BKUKKeyCodes::arrow_rigt);
+}
+
 void BKUKInteractiveLabel::keyDown(NSEvent& event) {
   const Ref<BKUKInteractiveLabel> self(this);
   const bool isTab = event.keyCode() == tabKeyCode;
-  const bool isBack = isTab ? event.hasModifier(NSEventModifierFlagShift)
-                            : isKey(event, BKUKKeyCodes::arrow_left) || isKey(event, BKUKKeyCodes::arrow_up);
-  const bool isForward =
-      isTab ? !isBack : isKey(event, BKUKKeyCodes::arrow_rigt) || isKey(event, BKUKKeyCodes::arrow_down);
+  const bool isBack = isTab ? event.hasModifier(NSEventModifierFlagShift) : isBackwardArrow(event);
+  const bool isForward = isTab ? !isBack : isForwardArrow(event);
   const bool presses = isKey(event, BKUKKeyCodes::space) || isKey(event, BKUKKeyCodes::enter_main) ||
                        isKey(event, BKUKKeyCodes::enter_num);
   if ((isBack || isForward) && moveFocus(isForward)) return;
@@ -257,22 +281,29 @@ void BKUKInteractiveLabel::keyDown(NSEvent& event) {
     press(*link);
     return;
   }
-  const bool isArrow = (isBack || isForward) && !isTab;
-  if (isArrow || presses) return;
-  BKUKLabel::keyDown(event);
+  if (!presses) BKUKLabel::keyDown(event);
+}
+
+// Lower than the lines, so that the ring does not cover those above and below.
+std::vector<NSRect> BKUKInteractiveLabel::focusRingMask() const {
+  const auto link = focusedLink();
+  if (!link) return {};
+  auto mask = rects(*link);
+  for (auto& rect : mask) {
+    rect = rect.insetBy(0, std::min(NSFocusRing::ringWidth, (rect.height() - lowestRing) / 2));
+  }
+  return mask;
 }
 
 NSRect BKUKInteractiveLabel::focusRingMaskBounds() {
-  const auto link = focusedLink();
-  const auto frame = link ? link->accessibilityFrameInParentSpace() : std::nullopt;
-  return frame.value_or(NSRect{});
+  NSRect bounds = NSRect::null;
+  for (const auto& rect : focusRingMask()) bounds = bounds.united(rect);
+  return bounds.isNull() ? NSRect{} : bounds;
 }
 
 void BKUKInteractiveLabel::drawFocusRingMask() {
-  const auto link = focusedLink();
-  if (!link) return;
   NSColor::black()->setFill();
-  for (const auto& rect : rects(*link)) {
+  for (const auto& rect : focusRingMask()) {
     NSBezierPath::roundedRect(rect, ringRadius, ringRadius)->fill();
   }
 }

@@ -15,9 +15,10 @@ namespace bkuk {
 /// A label with links: stretches of its text that can be clicked, and reached and pressed with the keyboard
 /// and by assistive clients.
 ///
-/// The keyboard reaches the links one after the other, in the order of the text, with Tab and the arrow keys;
-/// space and return press. A link's action is only called for a click, a key or an assistive press, and may
-/// do anything, even do away with the label.
+/// The keyboard reaches the links one after the other, in the order of the text, with Tab and the arrow keys,
+/// of which left and right follow the direction of the interface; at the first and the last link they go on
+/// to the next responder. Space and return press. A link's action is only called for a click, a key or an
+/// assistive press, and may do anything, even do away with the label.
 class BKUKInteractiveLabel : public BKUKLabel {
  public:
   using Action = std::function<void(const std::string& identifier)>;
@@ -69,6 +70,9 @@ class BKUKInteractiveLabel : public BKUKLabel {
   using Links = std::map<NSRange, Ref<LinkFrame>, RangeOrder>;
 
   using BKUKLabel::BKUKLabel;
+  /// A label with that text, in UTF-8, and no links as yet.
+  [[nodiscard]] static Ref<BKUKInteractiveLabel> label(std::string_view text);
+  [[nodiscard]] static Ref<BKUKInteractiveLabel> label(std::string_view text, const BKUKFontSettings& style);
 
   [[nodiscard]] const Links& links() const { return links_; }
   /// Makes a stretch of the text a link, in place of one with the same range. A range that leaves the text,
@@ -78,13 +82,14 @@ class BKUKInteractiveLabel : public BKUKLabel {
 
   /// Shows marked-up text in the styles of its tags. The tags that `linkActions` names become links whose
   /// identifier is the name of the tag; one that occurs more than once is a link where it occurs last. A link
-  /// without a style of its own is underlined in the style of the text around it. Malformed markup is shown
-  /// as it is in the default style, without links, and the answer is false.
+  /// whose tag `stylesToTags` does not name has the default style with a single underline, also within
+  /// another tag. Malformed markup is shown as it is in the default style, without links, and the answer is
+  /// false.
   bool setMarkup(std::string_view markup, const std::map<std::string, BKUKFontSettings>& stylesToTags,
                  const BKUKFontSettings& defaultStyle, const std::map<std::string, Action>& linkActions);
 
   /// Around the text of the link, line by line, in the label's space.
-  [[nodiscard]] std::vector<NSRect> rects(const LinkFrame& link);
+  [[nodiscard]] std::vector<NSRect> rects(const LinkFrame& link) const;
   /// The link that has, or would get, the keyboard; empty without links.
   [[nodiscard]] Ref<LinkFrame> focusedLink() const;
   /// Whether the pointing hand is shown.
@@ -118,6 +123,9 @@ class BKUKInteractiveLabel : public BKUKLabel {
   [[nodiscard]] bool hasKeyboard() const;
   bool focus(const LinkFrame& link);
   bool moveFocus(bool forward);
+  [[nodiscard]] bool isBackwardArrow(const NSEvent& event) const;
+  [[nodiscard]] bool isForwardArrow(const NSEvent& event) const;
+  [[nodiscard]] std::vector<NSRect> focusRingMask() const;
   void focusedLinkDidChange();
   bool press(const LinkFrame& link);
   void showArrow();

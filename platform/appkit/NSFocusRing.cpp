@@ -18,7 +18,6 @@ namespace bkuk {
 
 namespace {
 
-constexpr CGFloat ringWidth = 3;  // points
 constexpr CGFloat inFront = 1e6;  // of every view
 
 CGRect wholePixels(const CGRect& rect, CGFloat scale) {

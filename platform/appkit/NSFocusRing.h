@@ -8,6 +8,9 @@ namespace bkuk {
 /// gives as its mask. Owned by its window, which asks for updates in its commit pass.
 class NSFocusRing {
  public:
+  /// How far the ring reaches beyond the mask, in points.
+  static constexpr CGFloat ringWidth = 3;
+
   explicit NSFocusRing(NSWindow& window) : window_(window) {}
 
   void setNeedsUpdate() { isStale_ = true; }

@@ -36,7 +36,7 @@ struct BKUKInteractiveLabelTest : LabelFixture {
   const BKUKFontSettings style{NSColor::black(), 15, Type::regular, NSTextAlignment::left};
   std::vector<std::string> pressed;
   std::function<void()> deed;
-  Ref<BKUKInteractiveLabel> label = make<BKUKInteractiveLabel>();
+  Ref<BKUKInteractiveLabel> label = BKUKInteractiveLabel::label("", style);
 };
 
 using Names = std::vector<std::string>;
@@ -88,6 +88,56 @@ TEST_F(BKUKInteractiveLabelTest, TheKeyboardWalksThroughLinks) {
   EXPECT_TRUE(label->links().empty());
   EXPECT_FALSE(label->acceptsFirstResponder());
   EXPECT_EQ(window->firstResponder().get(), window.get());
+}
+
+TEST_F(BKUKInteractiveLabelTest, ArrowsFollowTheDirectionAndLeaveAtTheEnds) {
+  struct Listener : NSView {
+    using NSView::NSView;
+    void keyDown(NSEvent& event) override { heard.push_back(event.keyCode()); }
+    std::vector<int> heard;
+  };
+  const auto around = make<Listener>(NSRect(0, 0, 200, 100));
+  window->contentView()->addSubview(around);
+  around->addSubview(label);
+  host->settle();
+  window->makeFirstResponder(label.get());
+  constexpr std::uint16_t left = 123;
+  constexpr std::uint16_t right = 124;
+  constexpr std::uint16_t up = 126;
+  desktop().typeKey(left, "");
+  desktop().typeKey(right, "");
+  EXPECT_EQ(label->focusedLink(), link(1));
+  desktop().typeKey(right, "");
+  EXPECT_EQ(around->heard, (std::vector<int>{left, right})) << "those that find no further link";
+  label->setUserInterfaceLayoutDirection(NSUserInterfaceLayoutDirection::rightToLeft);
+  desktop().typeKey(left, "");
+  EXPECT_EQ(around->heard.back(), left);
+  desktop().typeKey(right, "");
+  EXPECT_EQ(label->focusedLink(), link(0));
+  desktop().typeKey(up, "");
+  EXPECT_EQ(around->heard.back(), up);
+}
+
+TEST_F(BKUKInteractiveLabelTest, TheRingStaysWithinTheLine) {
+  label->setMarkup("a\n[b]bp[/b]\nc", {}, style, {{"b", {}}});
+  host->settle();
+  const auto line = label->rects(*link(0)).front();
+  const auto pixels = [&] {
+    std::vector<std::uint32_t> all;
+    for (int y = 0; y < 100; ++y) {
+      const bool isInLine = y + 1 > line.minY() && y < line.maxY();
+      for (int x = 0; x < 200 && !isInLine; ++x) all.push_back(desktop().pixel(x, y));
+    }
+    return all;
+  };
+  const auto x = static_cast<int>(line.midX());
+  const auto top = static_cast<int>(std::ceil(line.minY()));
+  const auto before = pixels();
+  const auto inside = desktop().pixel(x, top + 1);
+  window->makeFirstResponder(label.get());
+  host->settle();
+  EXPECT_NE(desktop().pixel(x, top + 1), inside) << "there is a ring";
+  EXPECT_EQ(pixels(), before);
 }
 
 TEST_F(BKUKInteractiveLabelTest, AssistiveClientsReachLinks) {
