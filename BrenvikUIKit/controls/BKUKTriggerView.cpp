@@ -3,13 +3,15 @@
 #include <utility>
 
 #include "BrenvikUIKit/interaction/BKUKKeyCodes.h"
+#include "platform/appkit/NSAccessibilityRecord.h"
 #include "platform/appkit/NSBezierPath.h"
 #include "platform/appkit/NSWindow.h"
 #include "platform/foundation/NSCoder.h"
+#include "platform/foundation/NSNotificationCenter.h"
 
 namespace bkuk {
 
-BKUKTriggerView::~BKUKTriggerView() { stopTimer(); }
+BKUKTriggerView::~BKUKTriggerView() { endPress(); }
 
 Ref<BKUKTriggerView> BKUKTriggerView::decoded(NSCoder& coder) {
   const auto number = [&](std::string_view key) { return coder.decodeDouble(key).value_or(0); };
@@ -38,8 +40,16 @@ void BKUKTriggerView::setState(States state) {
 void BKUKTriggerView::stateChanged(States) { setNeedsDisplay(true); }
 
 void BKUKTriggerView::setSelected(bool selected) {
-  selected_ = selected;
+  const bool isChange = std::exchange(selected_, selected) != selected;
   setNeedsDisplay(true);
+  if (!isChange) return;
+  const Ref<BKUKTriggerView> self(this);
+  NSAccessibilityPostNotification(*this, NSAccessibilityValueChangedNotification);
+  NSAccessibilityPostNotification(*this, NSAccessibilityStateChangedNotification);
+}
+
+bool BKUKTriggerView::isAccessibilitySelected() const {
+  return NSAccessibilityRecord::resolved(accessibilityRecord().isSelected, selected_);
 }
 
 bool BKUKTriggerView::isUsable() const {
@@ -72,11 +82,22 @@ bool BKUKTriggerView::simulateUserAction() {
   return true;
 }
 
-void BKUKTriggerView::startPress() {
-  if (actionTimer_) return;
+void BKUKTriggerView::startPress(Hold hold) {
+  if (hold_ != Hold::none) return;
+  hold_ = hold;
+  if (hold == Hold::key) observeKeyLoss();
   performUserAction();
-  // The action may have started and ended a press of its own.
-  if (!actionTimer_) schedule(delayAfterFirstTick_, "beginFireUserActions", false);
+  // The action may have ended the press, or begun another.
+  if (hold_ != Hold::none && !actionTimer_) schedule(delayAfterFirstTick_, "beginFireUserActions", false);
+}
+
+// The release of a key goes to the window that has the keyboard by then.
+void BKUKTriggerView::observeKeyLoss() {
+  keyLossObserver_ =
+      NSNotificationCenter::default_().addObserver(NSWindowDidResignKeyNotification, window().get(), nullptr,
+                                                   [view = Weak<BKUKTriggerView>(this)](NSNotification&) {
+                                                     if (const auto self = view.lock()) self->endPress();
+                                                   });
 }
 
 void BKUKTriggerView::beginFireUserActions() {
@@ -93,8 +114,12 @@ void BKUKTriggerView::schedule(double delay, Selector action, bool repeats) {
   actionTimer_ = NSTimer::scheduledTimerWithWeakTarget(delay, this, action, nullptr, repeats);
 }
 
-void BKUKTriggerView::stopTimer() {
+void BKUKTriggerView::endPress() {
+  hold_ = Hold::none;
   if (const auto timer = std::exchange(actionTimer_, nullptr)) timer->invalidate();
+  if (const auto observer = std::exchange(keyLossObserver_, nullptr)) {
+    NSNotificationCenter::default_().removeObserver(observer.get());
+  }
 }
 
 // Availability
@@ -116,6 +141,7 @@ void BKUKTriggerView::setHidden(bool hidden) {
 void BKUKTriggerView::viewDidMoveToWindow() {
   const Ref<BKUKTriggerView> self(this);
   NSControl::viewDidMoveToWindow();
+  endPress();
   updateTrackingAreas();
 }
 
@@ -139,7 +165,7 @@ bool BKUKTriggerView::resignFirstResponder() {
   const Ref<BKUKTriggerView> self(this);
   if (!NSControl::resignFirstResponder()) return false;
   // The release of a held key goes to whoever has the keyboard next.
-  stopTimer();
+  endPress();
   focus()->resignFocus();
   return true;
 }
@@ -155,28 +181,26 @@ void BKUKTriggerView::drawFocusRingMask() {
 void BKUKTriggerView::keyDown(NSEvent& event) {
   if (event.keyCode() != rawValue(BKUKKeyCodes::space)) return NSControl::keyDown(event);
   const Ref<BKUKTriggerView> self(this);
-  startPress();
+  startPress(Hold::key);
 }
 
 void BKUKTriggerView::keyUp(NSEvent& event) {
   if (event.keyCode() != rawValue(BKUKKeyCodes::space)) return NSControl::keyUp(event);
-  stopTimer();
+  endPress();
 }
 
 // Pointer
 
-void BKUKTriggerView::mouseDown(NSEvent& event) {
+void BKUKTriggerView::mouseDown(NSEvent&) {
   const Ref<BKUKTriggerView> self(this);
-  NSControl::mouseDown(event);
   if (!isUsable()) return;
   setState(States::pressed);
-  startPress();
+  startPress(Hold::pointer);
 }
 
-void BKUKTriggerView::mouseUp(NSEvent& event) {
+void BKUKTriggerView::mouseUp(NSEvent&) {
   const Ref<BKUKTriggerView> self(this);
-  NSControl::mouseUp(event);
-  stopTimer();
+  endPress();
   if (!isUsable()) return;
   if (!isPointerInside()) return setState(States::normal);
   setSelected(!selected_);
@@ -193,7 +217,7 @@ void BKUKTriggerView::mouseExited(NSEvent& event) {
   const Ref<BKUKTriggerView> self(this);
   NSControl::mouseExited(event);
   setState(States::normal);
-  stopTimer();
+  endPress();
 }
 
 void BKUKTriggerView::updateTrackingAreas() {

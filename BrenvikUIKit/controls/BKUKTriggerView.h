@@ -11,8 +11,9 @@
 namespace bkuk {
 
 /// A push control that repeats: holding the button or the space key fires at once, again after a first
-/// delay, and from then on at a short interval, until it is let go, the pointer leaves or the control
-/// becomes unusable. Steppers are made of it.
+/// delay, and from then on at a short interval, until it is let go, the pointer leaves, the window loses the
+/// keyboard while the key is held, or the control leaves the window. While it is unusable it fires nothing.
+/// Presses end here: a trigger view inside another control does not press that. Steppers are made of it.
 class BKUKTriggerView : public NSControl, public BKUKKeyFocusable {
  public:
   using States = BKUKStatefulView::States;
@@ -40,7 +41,10 @@ class BKUKTriggerView : public NSControl, public BKUKKeyFocusable {
   virtual void stateChanged(States state);
   /// Turned over by every completed click.
   [[nodiscard]] bool isSelected() const { return selected_; }
+  /// A change tells assistive clients of the value and of the selection.
   void setSelected(bool selected);
+  /// As `isSelected` unless it was set.
+  [[nodiscard]] bool isAccessibilitySelected() const override;
 
   [[nodiscard]] const Ref<NSTrackingArea>& trackingArea() const { return trackingArea_; }
   /// The one that waits for the second fire, or the one that repeats; absent while nothing is held.
@@ -90,9 +94,13 @@ class BKUKTriggerView : public NSControl, public BKUKKeyFocusable {
 
  private:
   [[nodiscard]] bool isUsable() const;
+  /// What keeps the repeating going.
+  enum class Hold { none, pointer, key };
+
   [[nodiscard]] bool isPointerInside() const;
-  void startPress();
-  void stopTimer();
+  void startPress(Hold hold);
+  void endPress();
+  void observeKeyLoss();
   void schedule(double delay, Selector action, bool repeats);
 
   ActionBlock actionBlock_;
@@ -103,6 +111,8 @@ class BKUKTriggerView : public NSControl, public BKUKKeyFocusable {
   bool interactive_ = true;
   Ref<NSTrackingArea> trackingArea_;
   Ref<NSTimer> actionTimer_;
+  Hold hold_ = Hold::none;
+  Ref<NSObject> keyLossObserver_;  // while the key is held
   Ref<BKUKKeyFocusController> focus_;
 };
 

@@ -4,6 +4,7 @@
 #include "BrenvikUIKit/controls/BKUKTriggerView.h"
 #include "BrenvikUIKit/interaction/BKUKWindow.h"
 #include "testing/VirtualHostScope.h"
+#include "testing/VirtualScreenReader.h"
 
 namespace bkuk {
 namespace {
@@ -115,10 +116,63 @@ TEST_F(BKUKTriggerViewTest, ActionsMayEndThePressOrTheView) {
   EXPECT_EQ(fires, 3);
 }
 
+// An action may run a loop of its own, in which the user lets go.
+TEST_F(BKUKTriggerViewTest, TheRepeatingEndsAsSoonAsNobodyHolds) {
+  const std::function<void()> ends[] = {
+      [&] { view->mouseUp(*make<NSEvent>(NSEvent::Fields{})); },
+      [&] { desktop().setFocused(false); },
+      [&] { view->removeFromSuperview(); },
+  };
+  for (const auto& end : ends) {
+    for (const bool endsInFirstFire : {true, false}) {
+      window->contentView()->addSubview(view);
+      window->makeKeyAndOrderFront();
+      window->makeFirstResponder(view.get());
+      fires = 0;
+      view->setActionBlock([&](BKUKTriggerView&) {
+        if (++fires == 1 && endsInFirstFire) end();
+      });
+      desktop().pressKey(spaceKey, " ");
+      host->settle();
+      if (!endsInFirstFire) end();
+      EXPECT_FALSE(view->actionTimer());
+      host->advance(1);
+      EXPECT_EQ(fires, 1);
+      desktop().releaseKey(spaceKey, " ");
+    }
+  }
+}
+
+TEST_F(BKUKTriggerViewTest, APressDoesNotReachTheControlAround) {
+  class Around : public BKUKStatefulView {
+   public:
+    using BKUKStatefulView::BKUKStatefulView;
+    int entries = 0;
+    void mouseEntered(NSEvent&) override { ++entries; }
+  };
+  const auto around = make<Around>(NSRect(0, 0, 200, 100));
+  int outerFires = 0;
+  around->setActionBlock([&](BKUKStatefulView&) { ++outerFires; });
+  window->contentView()->addSubview(around);
+  around->addSubview(view);
+  host->settle();
+  desktop().click(inside);
+  view->setEnabled(false);
+  desktop().click(inside);
+  EXPECT_EQ(fires, 1);
+  EXPECT_EQ(outerFires, 0);
+  EXPECT_GT(around->entries, 1) << "entries are passed on";
+}
+
 TEST_F(BKUKTriggerViewTest, AnAssistivePressIsAShortClick) {
+  VirtualScreenReader reader(*host);
+  view->setAccessibilityIdentifier("trigger");
+  const auto id = reader.findIdentifier("trigger");
   EXPECT_TRUE(view->accessibilityPerformPress());
   EXPECT_EQ(fires, 1);
   EXPECT_TRUE(view->isSelected());
+  EXPECT_EQ(reader.count(VirtualScreenReader::Kind::value, id), 1U);
+  EXPECT_EQ(reader.count(VirtualScreenReader::Kind::state, id), 1U);
   host->advance(1);
   EXPECT_EQ(fires, 1);
 }
