@@ -71,6 +71,7 @@ Ref<BKUKFillView> BKUKFillView::decoded(NSCoder&) {
 
 void BKUKFillView::didInit() {
   NSView::didInit();
+  setTranslatesAutoresizingMaskIntoConstraints(false);
   setWantsLayer(true);
   setLayerContentsRedrawPolicy(NSViewLayerContentsRedrawPolicy::beforeViewResize);
   layer()->setMasksToBounds(true);

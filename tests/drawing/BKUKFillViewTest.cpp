@@ -4,6 +4,7 @@
 #include "BrenvikUIKit/drawing/BKUKFillView.h"
 #include "BrenvikUIKit/drawing/BKUKGradientView.h"
 #include "BrenvikUIKit/drawing/BKUKLineStyle.h"
+#include "platform/appkit/NSLayoutConstraint.h"
 #include "platform/appkit/NSShadow.h"
 #include "tests/drawing/WindowFixture.h"
 
@@ -135,6 +136,17 @@ TEST_F(BKUKFillViewTest, RoundsTheCornersOfItsMaskOnly) {
   EXPECT_EQ(pixel(1, 98), blackPixel);
   EXPECT_EQ(pixel(1, 1), whitePixel);
   EXPECT_EQ(pixel(198, 98), whitePixel);
+}
+
+TEST_F(BKUKFillViewTest, IsPlacedByConstraintsWithoutFurtherAsking) {
+  const Ref<NSView> views[] = {view, make<BKUKGradientView>()};
+  for (const auto& each : views) {
+    EXPECT_FALSE(each->translatesAutoresizingMaskIntoConstraints());
+    window->contentView()->addSubview(each);
+    each->leftAnchor()->constraintEqualTo(window->contentView()->leftAnchor(), 12)->setActive(true);
+    window->layoutIfNeeded();
+    EXPECT_EQ(each->frame().origin.x, 12);
+  }
 }
 
 TEST_F(BKUKFillViewTest, KeepsSubviewsAboveTheFills) {

@@ -30,6 +30,7 @@ class WindowFixture : public testing::Test {
 
   /// Fills the window with the view.
   void show(const Ref<NSView>& view) {
+    view->setTranslatesAutoresizingMaskIntoConstraints(true);
     view->setFrame({0, 0, width, height});
     view->setAutoresizingMask(NSViewWidthSizable | NSViewHeightSizable);
     window->contentView()->addSubview(view);
