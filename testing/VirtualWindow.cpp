@@ -74,15 +74,18 @@ void VirtualWindow::doubleClick(host::Point position) {
   settle();
 }
 
+// Any step may close the window and let it go, which ends the drag.
 void VirtualWindow::drag(host::Point from, host::Point to) {
   constexpr int steps = 4;
+  VirtualHost& host = host_;
+  const auto isLive = [&host, this] { return std::ranges::count(host.windows(), this) > 0; };
   movePointer(from);
-  press();
-  for (int step = 1; step <= steps; ++step) {
+  if (isLive()) press();
+  for (int step = 1; step <= steps && isLive(); ++step) {
     const double part = double(step) / steps;
     movePointer({std::lerp(from.x, to.x, part), std::lerp(from.y, to.y, part)});
   }
-  release();
+  if (isLive()) release();
 }
 
 void VirtualWindow::scroll(double deltaX, double deltaY) {

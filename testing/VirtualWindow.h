@@ -31,7 +31,7 @@ class VirtualWindow final : public host::Window {
   void click(host::Point position, host::PointerButton button = host::PointerButton::left);
   /// Two clicks within the time of a double click.
   void doubleClick(host::Point position);
-  /// Presses at one position, moves in a few steps and releases at the other.
+  /// Presses at one position, moves in a few steps and releases at the other. Ends where the window does.
   void drag(host::Point from, host::Point to);
   /// Positive amounts move the content right and down.
   void scroll(double deltaX, double deltaY);

@@ -105,6 +105,20 @@ TEST_F(VirtualWindowTest, AHandlerMayDestroyItsWindow) {
   EXPECT_EQ(desktop.windows().size(), 1U);
 }
 
+TEST_F(VirtualWindowTest, ADragEndsWithItsWindow) {
+  for (const auto last : {Kind::enter, Kind::press, Kind::move, Kind::release}) {
+    client.pointers.clear();
+    window = desktop.makeWindow({.frame = {100, 100, 50, 40}}, client);
+    client.onEvent = [this, last] {
+      if (!client.pointers.empty() && client.pointers.back().kind == last) window.reset();
+    };
+    desktop.windows().back()->drag({10, 10}, {20, 20});
+    ASSERT_FALSE(client.pointers.empty());
+    EXPECT_EQ(client.pointers.back().kind, last);
+    EXPECT_FALSE(window);
+  }
+}
+
 TEST_F(VirtualWindowTest, PresentsCoverOnlyTheirDamage) {
   host::Bitmap image(window->pixelSize());
   image.fill({0, 0, 50, 40}, 0xFF123456);
