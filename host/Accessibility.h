@@ -93,7 +93,7 @@ class AccessibilityTree {
   [[nodiscard]] virtual std::optional<AccessibilityElement> element(AccessibilityId id) = 0;
   /// 0 for a window.
   [[nodiscard]] virtual AccessibilityId parent(AccessibilityId id) = 0;
-  /// Those behind come first.
+  /// In the order in which they are to be read.
   [[nodiscard]] virtual std::vector<AccessibilityId> children(AccessibilityId id) = 0;
   /// The element of that window that has, or would have, the keyboard; the window itself when no other does.
   [[nodiscard]] virtual AccessibilityId focused(AccessibilityId window) = 0;

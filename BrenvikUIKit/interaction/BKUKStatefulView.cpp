@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "BrenvikUIKit/interaction/BKUKKeyCodes.h"
+#include "platform/appkit/NSAccessibilityRecord.h"
 #include "platform/appkit/NSBezierPath.h"
 #include "platform/appkit/NSGraphicsContext.h"
 #include "platform/appkit/NSWindow.h"
@@ -29,8 +30,12 @@ void BKUKStatefulView::didInit() {
 // State
 
 void BKUKStatefulView::setState(States state) {
-  if (std::exchange(state_, state) == state) return;
+  const States before = std::exchange(state_, state);
+  if (before == state) return;
   const Ref<BKUKStatefulView> self(this);
+  if ((before == States::disabled) != (state == States::disabled)) {
+    NSAccessibilityPostNotification(*this, NSAccessibilityStateChangedNotification);
+  }
   // Not through `delegates()`: nobody listens to a view whose list was never made.
   if (const auto listeners = delegates_) {
     listeners->invoke(
@@ -47,8 +52,16 @@ const Ref<BKUKStatefulView::Delegates>& BKUKStatefulView::delegates() {
 }
 
 void BKUKStatefulView::setSelected(bool selected) {
-  selected_ = selected;
+  const bool isChange = std::exchange(selected_, selected) != selected;
   setNeedsDisplay(true);
+  if (!isChange) return;
+  const Ref<BKUKStatefulView> self(this);
+  NSAccessibilityPostNotification(*this, NSAccessibilityValueChangedNotification);
+  NSAccessibilityPostNotification(*this, NSAccessibilityStateChangedNotification);
+}
+
+bool BKUKStatefulView::isAccessibilitySelected() const {
+  return NSAccessibilityRecord::resolved(accessibilityRecord().isSelected, isSelected());
 }
 
 void BKUKStatefulView::setEnabled(bool enabled) {

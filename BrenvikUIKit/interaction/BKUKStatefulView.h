@@ -35,7 +35,8 @@ class BKUKStatefulView : public NSControl, public BKUKCursorResponder, public BK
   // State
 
   [[nodiscard]] virtual States state() const { return state_; }
-  /// A change tells the delegates, then calls `stateChanged`.
+  /// A change tells the delegates, then calls `stateChanged`. Assistive clients are told when the view
+  /// becomes enabled or disabled by it.
   virtual void setState(States state);
   /// Called after every change of state; asks for a display here.
   void stateChanged(States state) override;
@@ -44,8 +45,10 @@ class BKUKStatefulView : public NSControl, public BKUKCursorResponder, public BK
   virtual void setDelegates(Ref<Delegates> delegates) { delegates_ = std::move(delegates); }
 
   [[nodiscard]] virtual bool isSelected() const { return selected_; }
-  /// Asks for a display.
+  /// Asks for a display. A change tells assistive clients of the value and of the selection.
   virtual void setSelected(bool selected);
+  /// As `isSelected` unless it was set.
+  [[nodiscard]] bool isAccessibilitySelected() const override;
 
   /// Whether the pointer and clicks count also while the window is not key; false at first. Takes effect
   /// with the next update of the tracking area.

@@ -66,7 +66,6 @@ NSSize Button::fittingSize() const { return {CGRoundedUp(title_->textWidth()) + 
 void Button::setSelected(bool selected) {
   BKUKStatefulView::setSelected(selected);
   title_->setNeedsDisplay(true);
-  NSAccessibilityPostNotification(*this, NSAccessibilityValueChangedNotification);
 }
 
 void Button::stateChanged(States state) {

@@ -72,7 +72,8 @@ class NSAccessibility : public NSObject {
 
   // Where it is
 
-  /// Those behind come first. None unless they were set.
+  /// None unless they were set. Clients read views by their places, in rows from the top, each from the
+  /// leading side; children that were set, or that a class gives itself, in the order given.
   [[nodiscard]] virtual std::vector<Ref<NSAccessibility>> accessibilityChildren() const;
   /// Keeps the children, and becomes the parent of those that have none.
   void setAccessibilityChildren(std::vector<Ref<NSAccessibility>> children);

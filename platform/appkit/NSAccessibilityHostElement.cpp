@@ -109,7 +109,7 @@ host::AccessibilityElement NSHostElementFrom(const NSAccessibility& element, boo
   result.isMixed = result.isCheckable && number && *number == 2;
   result.isChecked = result.isCheckable && number && *number != 0 && !result.isMixed;
   result.isSelectable = (traits & selectable) != 0;
-  result.isSelected = element.isAccessibilitySelected();
+  result.isSelected = result.isSelectable && element.isAccessibilitySelected();
   result.isOffscreen = element.accessibilityVisibleFrame().isEmpty();
   result.actions = actionsOf(result, traits);
   return result;

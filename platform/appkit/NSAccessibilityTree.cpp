@@ -4,6 +4,7 @@
 
 #include "host/Host.h"
 #include "platform/appkit/NSAccessibilityHostElement.h"
+#include "platform/appkit/NSAccessibilityOrder.h"
 #include "platform/appkit/NSAccessibilityRecord.h"
 #include "platform/appkit/NSWindow.h"
 
@@ -107,6 +108,11 @@ host::AccessibilityId NSAccessibilityTree::idOf(NSAccessibility& element) {
 
 // Reading
 
+bool NSAccessibilityTree::hasSetChildren(const NSAccessibility& element) {
+  const auto& place = element.accessibilityRecord().place;
+  return place && place->children;
+}
+
 Ref<NSAccessibility> NSAccessibilityTree::published(host::AccessibilityId id) const {
   const auto found = elements_.find(id);
   const auto element = found == elements_.end() ? nullptr : found->second.lock();
@@ -135,19 +141,7 @@ std::vector<host::AccessibilityId> NSAccessibilityTree::children(host::Accessibi
   element->changedRecord().hasToldChildren = true;
   knowsChildren_ = true;
   std::vector<host::AccessibilityId> result;
-  const auto ofElement = element->accessibilityChildren();
-  std::vector<Ref<NSAccessibility>> waiting(ofElement.rbegin(), ofElement.rend());
-  while (!waiting.empty()) {
-    const Ref<NSAccessibility> child = std::move(waiting.back());
-    waiting.pop_back();
-    if (child->isAccessibilityHidden()) continue;
-    if (child->isAccessibilityElement()) {
-      result.push_back(idOf(*child));
-      continue;
-    }
-    const auto inside = child->accessibilityChildren();
-    waiting.insert(waiting.end(), inside.rbegin(), inside.rend());
-  }
+  for (const auto& child : NSAccessibilityElementsIn(*element)) result.push_back(idOf(*child));
   return result;
 }
 

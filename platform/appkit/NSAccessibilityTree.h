@@ -34,6 +34,8 @@ class NSAccessibilityTree final : public host::AccessibilityTree {
   void forget(host::AccessibilityId id);
 
   [[nodiscard]] host::AccessibilityId idOf(NSAccessibility& element);
+  /// Whether the application has set which children there are, and their order.
+  [[nodiscard]] static bool hasSetChildren(const NSAccessibility& element);
 
   // host::AccessibilityTree
   [[nodiscard]] std::optional<host::AccessibilityElement> element(host::AccessibilityId id) override;

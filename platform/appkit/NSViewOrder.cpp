@@ -1,6 +1,9 @@
 #include "platform/appkit/NSViewOrder.h"
 
 #include <algorithm>
+#include <cmath>
+#include <list>
+#include <numeric>
 #include <utility>
 
 #include "platform/appkit/NSControl.h"
@@ -25,6 +28,27 @@ struct Stop {
 bool sharesRow(const NSRect& a, const NSRect& b) {
   const CGFloat overlap = std::min(a.maxY(), b.maxY()) - std::max(a.minY(), b.minY());
   return overlap > std::min(a.height(), b.height()) / 2;
+}
+
+// What lies nowhere is put somewhere, for numbers alone can be sorted.
+NSRect numbered(const NSRect& rect) {
+  const auto number = [](CGFloat value) { return std::isnan(value) ? 0 : value; };
+  return {number(rect.minX()), number(rect.minY()), number(rect.width()), number(rect.height())};
+}
+
+// Takes the uppermost row out of `rest`, which is sorted by upper edges. A high rectangle beside two rows of
+// others belongs to the upper one: all of a row share it.
+std::vector<std::size_t> takeRow(std::span<const NSRect> rects, std::list<std::size_t>& rest) {
+  std::vector<std::size_t> row;
+  const CGFloat bottom = rects[rest.front()].minY();
+  for (auto next = rest.begin(); next != rest.end();) {
+    const NSRect& rect = rects[*next];
+    if (!row.empty() && rect.maxY() <= bottom) break;  // and so are all that follow
+    const bool joins = std::ranges::all_of(row, [&](auto member) { return sharesRow(rects[member], rect); });
+    if (joins) row.push_back(*next);
+    next = joins ? rest.erase(next) : std::next(next);
+  }
+  return row;
 }
 
 class ReadingOrder {
@@ -71,33 +95,15 @@ class ReadingOrder {
     waiting.insert(waiting.end(), siblings.rbegin(), siblings.rend());
   }
 
-  void sort(std::vector<std::size_t>& siblings) {
-    const auto isHigher = [this](auto a, auto b) { return rect(a).maxY() > rect(b).maxY(); };
-    std::ranges::stable_sort(siblings, isHigher);
-    std::vector<std::size_t> rest = std::exchange(siblings, {});
-    while (!rest.empty()) {
-      auto row = takeRow(rest);
-      std::ranges::stable_sort(row, [this](auto a, auto b) {
-        return isRightToLeft_ ? rect(a).maxX() > rect(b).maxX() : rect(a).minX() < rect(b).minX();
-      });
-      siblings.insert(siblings.end(), row.begin(), row.end());
-    }
+  void sort(std::vector<std::size_t>& siblings) const {
+    std::vector<NSRect> rects;
+    rects.reserve(siblings.size());
+    for (const auto stop : siblings) rects.push_back(stops_[stop].rect);
+    std::vector<std::size_t> sorted;
+    sorted.reserve(siblings.size());
+    for (const auto index : NSReadingOrder(rects, isRightToLeft_)) sorted.push_back(siblings[index]);
+    siblings = std::move(sorted);
   }
-
-  // A high view beside two rows of others belongs to the upper one: a row's views all share it.
-  [[nodiscard]] std::vector<std::size_t> takeRow(std::vector<std::size_t>& stops) const {
-    std::vector<std::size_t> row;
-    std::vector<std::size_t> rest;
-    for (const auto stop : stops) {
-      const bool joins =
-          std::ranges::all_of(row, [&](auto member) { return sharesRow(rect(member), rect(stop)); });
-      (joins ? row : rest).push_back(stop);
-    }
-    stops = std::move(rest);
-    return row;
-  }
-
-  [[nodiscard]] const NSRect& rect(std::size_t stop) const { return stops_[stop].rect; }
 
   std::vector<Stop> stops_;
   std::vector<std::size_t> outermost_;
@@ -126,6 +132,24 @@ bool NSViewIsBehind(const NSView& a, const NSView& b) {
   const auto& siblings = parent->subviews();
   return std::ranges::find(siblings, first.get(), &Ref<NSView>::get) <
          std::ranges::find(siblings, second.get(), &Ref<NSView>::get);
+}
+
+std::vector<std::size_t> NSReadingOrder(std::span<const NSRect> given, bool isRightToLeft) {
+  std::vector<NSRect> rects(given.size());
+  std::ranges::transform(given, rects.begin(), numbered);
+  std::vector<std::size_t> order(rects.size());
+  std::iota(order.begin(), order.end(), std::size_t{0});
+  std::ranges::stable_sort(order, [&](auto a, auto b) { return rects[a].maxY() > rects[b].maxY(); });
+  std::list<std::size_t> rest(order.begin(), order.end());
+  order.clear();
+  while (!rest.empty()) {
+    auto row = takeRow(rects, rest);
+    std::ranges::stable_sort(row, [&](auto a, auto b) {
+      return isRightToLeft ? rects[a].maxX() > rects[b].maxX() : rects[a].minX() < rects[b].minX();
+    });
+    order.insert(order.end(), row.begin(), row.end());
+  }
+  return order;
 }
 
 std::vector<Ref<NSView>> NSViewsInReadingOrder(NSView& root) { return ReadingOrder(root).take(); }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <span>
 #include <vector>
 
 #include "platform/appkit/NSView.h"
@@ -14,5 +15,8 @@ namespace bkuk {
 /// row from the leading side. Two views share a row when their heights overlap by more than half of the
 /// lesser height, and all views of a row do. What lies inside a view follows it.
 [[nodiscard]] std::vector<Ref<NSView>> NSViewsInReadingOrder(NSView& root);
+
+/// The indexes of `rects`, which are in a space with y up, in that same order.
+[[nodiscard]] std::vector<std::size_t> NSReadingOrder(std::span<const NSRect> rects, bool isRightToLeft);
 
 }  // namespace bkuk

@@ -100,6 +100,24 @@ TEST_F(NSAccessibilityTest, ViewsThatAreNoElementsGiveTheirPlaceToTheirChildren)
   EXPECT_FALSE(reader.exists(b));
 }
 
+TEST_F(NSAccessibilityTest, ViewsAreReadByTheirPlacesUnlessTheOrderWasSet) {
+  view->setAccessibilityHidden(true);
+  const auto left = make<NSView>(NSRect(0, 0, 100, 200));
+  const auto right = make<NSView>(NSRect(100, 0, 100, 200));
+  for (const auto& panel : {right, left}) content->addSubview(panel);
+  left->addSubview(elementView("c", {0, 0, 50, 20}));
+  left->addSubview(elementView("a", {0, 100, 50, 20}));
+  right->addSubview(elementView("b", {0, 100, 50, 20}));
+  right->addSubview(elementView("d", {0, 0, 50, 20}));
+  EXPECT_THAT(names(root()), ElementsAre("a", "b", "c", "d")) << "row by row across the panels";
+  content->setUserInterfaceLayoutDirection(NSUserInterfaceLayoutDirection::rightToLeft);
+  EXPECT_THAT(names(root()), ElementsAre("b", "a", "d", "c"));
+  content->setUserInterfaceLayoutDirection(NSUserInterfaceLayoutDirection::leftToRight);
+  const auto& inside = left->subviews();
+  left->setAccessibilityChildren({inside[0], inside[1]});
+  EXPECT_THAT(names(root()), ElementsAre("c", "a", "b", "d")) << "the panel stays together";
+}
+
 TEST_F(NSAccessibilityTest, WhatHasBecomeOfTheChildrenIsToldOnceATurnAndOnlyToWhoReadThem) {
   content->addSubview(elementView("unread"));
   host->settle();

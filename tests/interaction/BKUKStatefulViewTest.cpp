@@ -2,6 +2,7 @@
 
 #include "BrenvikUIKit/interaction/BKUKStatefulView.h"
 #include "platform/appkit/NSApplication.h"
+#include "testing/VirtualScreenReader.h"
 #include "tests/interaction/ControlFixture.h"
 
 namespace bkuk {
@@ -59,6 +60,25 @@ TEST_F(BKUKStatefulViewTest, AnActionThatDisablesTheControlLeavesItDisabled) {
   view->setActionBlock([](BKUKStatefulView& sender) { sender.setEnabled(false); });
   desktop().click(inside);
   EXPECT_EQ(view->state(), disabled);
+}
+
+TEST_F(BKUKStatefulViewTest, AssistiveClientsHearOfSelectionAndOfBeingEnabledOnlyWhenTheyChange) {
+  using Kind = VirtualScreenReader::Kind;
+  VirtualScreenReader reader(*host);
+  view->setAccessibilityIdentifier("control");
+  view->setAccessibilityRole(NSAccessibilityRadioButtonRole);
+  const auto id = reader.findIdentifier("control");
+  for (int i = 0; i < 2; ++i) view->setSelected(true);
+  EXPECT_EQ(reader.count(Kind::value, id), 1U);
+  EXPECT_EQ(reader.count(Kind::state, id), 1U);
+  EXPECT_EQ(reader.element(id).isSelected, reader.element(id).isSelectable);
+  reader.forgetChanges();
+  view->setState(hover);
+  EXPECT_TRUE(reader.changes().empty()) << "the pointer is no client's business";
+  for (int i = 0; i < 2; ++i) view->setState(disabled);
+  EXPECT_EQ(reader.count(Kind::state, id), 1U);
+  view->setEnabled(true);
+  EXPECT_EQ(reader.count(Kind::state, id), 2U);
 }
 
 TEST_F(BKUKStatefulViewTest, TheKeyboardGivesHoverAndSpacePressesEachTime) {
