@@ -115,9 +115,10 @@ void NSApplication::addWindow(NSWindow& window) {
 void NSApplication::keepOrderedIn(NSWindow& window) { orderedIn_.push_back(&window); }
 
 void NSApplication::letGo(NSWindow& window) {
-  if (keyWindow_.refersTo(&window)) setKeyWindow(nullptr);
-  if (mainWindow_.refersTo(&window)) mainWindow_ = nullptr;
+  // First, for a window that is told that it lost the keyboard may order itself in again.
   std::erase(orderedIn_, Ref<NSWindow>(&window));
+  if (mainWindow_.refersTo(&window)) mainWindow_ = nullptr;
+  if (keyWindow_.refersTo(&window)) setKeyWindow(nullptr);
 }
 
 void NSApplication::windowDidClose() {

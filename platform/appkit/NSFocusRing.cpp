@@ -78,21 +78,24 @@ void NSFocusRing::updateIfNeeded() {
   view_ = view.get();
   view->hasFocusRing_ = true;
   const NSRect mask = view->focusRingMaskBounds().intersection(view->visibleRect());
-  if (mask.isEmpty()) {
-    if (layer_) layer_->setHidden(true);
-    return;
-  }
-  show(*view, mask);
+  if (mask.isEmpty() || !show(*view, mask)) conceal();
 }
 
-void NSFocusRing::show(NSView& view, const NSRect& mask) {
+void NSFocusRing::conceal() {
+  if (layer_) layer_->setHidden(true);
+}
+
+// False when nothing of the ring is in the window, or its place is not a number.
+bool NSFocusRing::show(NSView& view, const NSRect& mask) {
   const Ref<NSWindow> keepWindow(&window_);
   const CGFloat scale = window_.backingScaleFactor();
   // One pixel more than the ring is wide: its edge is soft.
   const CGFloat margin = ringWidth + 1 / scale;
   const NSRect around = view.convertRectTo(mask, nullptr).insetBy(-margin, -margin);
   const NSRect shown = around.intersection({{}, window_.frame().size});
-  if (shown.isEmpty()) return;
+  const bool isSomewhere =
+      std::isfinite(shown.minX()) && std::isfinite(shown.minY()) && shown.width() > 0 && shown.height() > 0;
+  if (!isSomewhere) return false;
   const Area area{wholePixels(shown, scale), scale};
   auto contents = make<CALayerContents>(drawRing(view, area), scale);
   CATransaction::begin();
@@ -100,12 +103,13 @@ void NSFocusRing::show(NSView& view, const NSRect& mask) {
   if (!layer_) {
     layer_ = make<CALayer>();
     layer_->setZPosition(inFront);
-    window_.contentView()->superview()->layer()->addSublayer(layer_);
+    window_.frameView_->layer()->addSublayer(layer_);
   }
   layer_->setHidden(false);
   layer_->setFrame(area.points());
   layer_->setContents(contents);
   CATransaction::commit();
+  return true;
 }
 
 host::Bitmap NSFocusRing::drawRing(NSView& view, const Area& area) const {

@@ -22,7 +22,8 @@ class NSFocusRing {
 
   [[nodiscard]] Ref<NSView> viewToRing() const;
   void hide();
-  void show(NSView& view, const NSRect& mask);
+  void conceal();
+  [[nodiscard]] bool show(NSView& view, const NSRect& mask);
   [[nodiscard]] host::Bitmap drawRing(NSView& view, const Area& area) const;
 
   NSWindow& window_;

@@ -20,6 +20,8 @@ constexpr double nonnegativePriority = 999;
 // Frames come without the last bits, in which a solution has its rounding.
 constexpr double frameSteps = 1 << 16;
 constexpr double farthest = 1e7;
+// How often items that change each other's wishes are asked for them in one pass.
+constexpr int mostRounds = 10;
 
 double sane(double value) { return std::isfinite(value) ? std::clamp(value, -farthest, farthest) : 0; }
 
@@ -112,12 +114,14 @@ void NSLayoutEngine::priorityDidChange(NSLayoutConstraint& constraint) {
 
 void NSLayoutEngine::itemDidChange(NSLayoutItem& item) {
   const auto found = items_.find(&item);
-  if (found == items_.end() || &item == placed_) return;
+  // What an item says while it is asked is its answer, whatever it says has changed.
+  if (found == items_.end() || &item == placed_ || &item == asked_) return;
   if (found->second.isPlaced) markNeedsFrame(found->second);
   markStale(found->second);
 }
 
 void NSLayoutEngine::alignmentDidChange(NSLayoutItem& item) {
+  if (&item == asked_) return;
   itemDidChange(item);
   for (auto* constraint : item.layoutPart().naming) constantDidChange(*constraint);
 }
@@ -142,6 +146,10 @@ std::vector<Ref<NSLayoutConstraint>> NSLayoutEngine::dissolve() {
   for (const auto& [constraint, record] : records_) all.emplace_back(constraint);
   records_.clear();
   waiting_.clear();
+  items_.clear();
+  stale_.clear();
+  needFrames_.clear();
+  std::ranges::fill(itemsByVariable_, nullptr);
   return all;
 }
 
@@ -204,17 +212,37 @@ void NSLayoutEngine::markNeedsFrame(Item& item) {
 }
 
 void NSLayoutEngine::refreshItems() {
-  while (!stale_.empty()) {
-    NSLayoutItem& item = *stale_.back();
-    stale_.pop_back();
-    const Ref<NSObject> keep(&item.layoutObject());
-    items_.at(&item).isStale = false;
-    refresh(item);
+  for (int round = 0; round < mostRounds && !stale_.empty(); ++round) {
+    const auto stale = std::exchange(stale_, {});
+    for (auto item = stale.rbegin(); item != stale.rend(); ++item) refreshIfStale(*item);
+  }
+  if (!stale_.empty()) settleRestlessItems();
+}
+
+// The item may have left, and be gone, since it was marked.
+void NSLayoutEngine::refreshIfStale(NSLayoutItem* item) {
+  const auto found = items_.find(item);
+  if (found == items_.end() || !std::exchange(found->second.isStale, false)) return;
+  const Ref<NSObject> keep(&item->layoutObject());
+  refresh(*item);
+}
+
+void NSLayoutEngine::settleRestlessItems() {
+  for (auto* item : std::exchange(stale_, {})) {
+    items_.at(item).isStale = false;
+    const std::string name = item->layoutObject().className();
+    std::fprintf(
+        stderr,
+        "NSLayoutConstraint: %s is not asked for its size again: views whose sizes are asked for keep "
+        "calling invalidateIntrinsicContentSize of each other\n",
+        name.c_str());
   }
 }
 
 void NSLayoutEngine::refresh(NSLayoutItem& item) {
+  const auto* outer = std::exchange(asked_, &item);
   auto own = ownConstraints(item);
+  asked_ = outer;
   const auto found = items_.find(&item);  // the item was asked for its size and may have left
   if (found == items_.end()) return;
   const auto* view = dynamic_cast<NSView*>(&item);
@@ -367,7 +395,12 @@ NSLayoutEngine::Metrics NSLayoutEngine::metricsOf(NSLayoutItem& item) {
 LayoutExpression NSLayoutEngine::expressionOf(NSLayoutConstraint& constraint) {
   const auto keepFirst = constraint.first_.hold();
   const auto keepSecond = constraint.second_.hold();
-  const auto ask = [](NSLayoutItem* item) { return item ? metricsOf(*item) : Metrics(); };
+  const auto ask = [this](NSLayoutItem* item) {
+    const auto* outer = std::exchange(asked_, item);
+    const Metrics metrics = item ? metricsOf(*item) : Metrics();
+    asked_ = outer;
+    return metrics;
+  };
   const Metrics firstMetrics = ask(constraint.firstItem());
   const Metrics secondMetrics = ask(constraint.secondItem());
   const auto space = constraint.holder_.lock();
@@ -472,6 +505,7 @@ CGSize NSLayoutEngine::solvedSize() {
 
 void NSLayoutEngine::update() {
   const Ref<NSLayoutEngine> self(this);
+  const Ref<NSView> keepRoot(&root_);
   solve();
   noteChangedItems();
   const auto changed = placements();

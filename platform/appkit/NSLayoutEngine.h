@@ -87,7 +87,9 @@ class NSLayoutEngine final : public NSObject {
   void markStale(Item& item);
   void markNeedsFrame(Item& item);
   void refreshItems();
+  void refreshIfStale(NSLayoutItem* item);
   void refresh(NSLayoutItem& item);
+  void settleRestlessItems();
   void setOwnConstraints(Item& item, std::vector<OwnConstraint> own);
   [[nodiscard]] std::vector<OwnConstraint> ownConstraints(NSLayoutItem& item);
   void addFrame(std::vector<OwnConstraint>& own, NSView& view);
@@ -116,7 +118,8 @@ class NSLayoutEngine final : public NSObject {
   std::vector<NSLayoutItem*> stale_;
   std::vector<Item*> needFrames_;
   std::vector<Item*> itemsByVariable_;
-  NSView* placed_ = nullptr;  // while its frame is set from here
+  NSView* placed_ = nullptr;             // while its frame is set from here
+  const NSLayoutItem* asked_ = nullptr;  // while it is asked what it wants
   bool hasLeftOut_ = false;
   bool needsUpdate_ = false;
 };

@@ -66,8 +66,9 @@ void NSView::layout() {
 
 // Engines
 
+// The window is the quick way, but not for views that are about to leave it and have it still.
 NSView& NSView::layoutRoot() {
-  if (const auto window = window_.lock()) return *window->frameView_;
+  if (const auto window = window_.lock(); window && movesInProgress_ == 0) return *window->frameView_;
   NSView* root = this;
   while (auto* parent = root->superview_.lock().get()) root = parent;
   return *root;
@@ -76,6 +77,12 @@ NSView& NSView::layoutRoot() {
 Ref<NSLayoutEngine> NSView::layoutEngine() {
   const auto& part = layoutRoot().layoutPart_;
   return part ? part->engine : nullptr;
+}
+
+// Also where the tree has lost its own and has not had to solve anything since.
+Ref<NSLayoutEngine> NSView::restoredLayoutEngine() {
+  const auto& part = layoutRoot().layoutPart_;
+  return part && part->hasLostEngine ? Ref<NSLayoutEngine>(&madeLayoutEngine()) : layoutEngine();
 }
 
 NSLayoutEngine& NSView::madeLayoutEngine() {
@@ -111,7 +118,7 @@ void NSView::forLayoutParts(Visit&& visit) {
 
 // Constraints to the outside end; those within go along, to an engine of their own.
 void NSView::willLeaveLayoutTree() {
-  const Ref<NSLayoutEngine> engine = layoutEngine();
+  const Ref<NSLayoutEngine> engine = restoredLayoutEngine();
   if (!engine || &layoutRoot() == this) return;
   const auto held = heldConstraints();
   std::unordered_set<NSLayoutConstraint*> within;
@@ -151,7 +158,11 @@ void NSView::didEnterLayoutTree() {
 
 void NSView::layoutTreeWillEnd() {
   if (!layoutPart_ || (!layoutPart_->engine && !layoutPart_->hasLostEngine)) return;
-  for (const auto& view : subviews_) view->layoutPart().hasLostEngine = true;
+  for (const auto& view : subviews_) {
+    auto& part = view->layoutPart();
+    part.hasLostEngine = true;
+    part.engine = nullptr;
+  }
 }
 
 void NSView::layoutPropertyDidChange() {

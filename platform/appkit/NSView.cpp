@@ -42,40 +42,54 @@ Ref<NSWindow> NSView::window() const { return window_.lock(); }
 
 void NSView::addSubview(Ref<NSView> view) { addSubview(std::move(view), NSViewOrdering::above, nullptr); }
 
+// A view without subviews contains nothing but itself.
+bool NSView::wouldContainItself(const NSView& view) const {
+  return &view == this || (!view.subviews_.empty() && isDescendantOf(view));
+}
+
 void NSView::addSubview(Ref<NSView> view, NSViewOrdering positioned, const NSView* sibling) {
   if (!view) trap();
-  // A view without subviews contains nothing but itself.
-  const bool wouldContainItself = view == this || (!view->subviews_.empty() && isDescendantOf(*view));
-  if (wouldContainItself) fatal("A view cannot be added to itself or to one of its own subviews", unit);
+  if (wouldContainItself(*view))
+    fatal("A view cannot be added to itself or to one of its own subviews", unit);
+  if (const auto window = view->window_.lock(); window && window->frameView_ == view) {
+    fatal("The root of a window's views cannot be moved", unit);
+  }
+  const Ref<NSView> self(this);
   const Ref<NSView> keepSibling(const_cast<NSView*>(sibling));
   if (view.get() == sibling) return;
-  if (view->superview_.isAlive() && view->window_.lock() != window_.lock()) view->removeFromSuperview();
+  const bool isHere = view->superview_.refersTo(this);
+  if (!isHere && view->superview_.isAlive() && view->window_.lock() != window_.lock()) {
+    view->removeFromSuperview();
+    // Who was told of it may have put one of the two elsewhere, which came later than this call.
+    if (view->superview_.isAlive() || wouldContainItself(*view)) return;
+  }
   if (const auto old = view->superview_.lock()) {
     if (old != this) view->willLeaveLayoutTree();
     std::erase(old->subviews_, view);
+    if (old != this) old->subviewWasTaken(*view);
   }
-  const auto found = std::ranges::find(subviews_, keepSibling);
-  const bool hasSibling = sibling && found != subviews_.end();
-  const auto place = static_cast<std::size_t>(found - subviews_.begin());
-  if (positioned == NSViewOrdering::above) {
-    insert(std::move(view), hasSibling ? place + 1 : subviews_.size());
-  } else {
-    insert(std::move(view), hasSibling ? place : 0);
-  }
-}
-
-void NSView::insert(Ref<NSView> view, std::size_t index) {
-  const Ref<NSView> self(this);
-  subviews_.insert(subviews_.begin() + static_cast<std::ptrdiff_t>(index), view);
-  view->superview_ = this;
-  view->superviewIsFlipped_ = isFlipped();
-  view->didEnterLayoutTree();
-  view->moveToWindow(window_.lock().get());
+  subviews_.insert(subviews_.begin() + placeBeside(sibling, positioned), view);
+  if (!isHere) takeIn(*view);
   if (view->superview_.refersTo(this)) adoptLayerOfSubview(*view);
   view->markLayoutUpwards();
   view->markTrackingStale();
   NSAccessibilityTree::childrenDidChange(*this);
-  view->viewDidMoveToSuperview();
+  if (!isHere) view->viewDidMoveToSuperview();
+}
+
+std::ptrdiff_t NSView::placeBeside(const NSView* sibling, NSViewOrdering positioned) const {
+  const auto found = std::ranges::find(subviews_, sibling, &Ref<NSView>::get);
+  const bool hasSibling = sibling && found != subviews_.end();
+  const bool isAbove = positioned == NSViewOrdering::above;
+  if (!hasSibling) return isAbove ? std::ssize(subviews_) : 0;
+  return found - subviews_.begin() + (isAbove ? 1 : 0);
+}
+
+void NSView::takeIn(NSView& view) {
+  view.superview_ = this;
+  view.superviewIsFlipped_ = isFlipped();
+  view.didEnterLayoutTree();
+  view.moveToWindow(window_.lock().get());
 }
 
 void NSView::removeFromSuperview() {
@@ -86,6 +100,7 @@ void NSView::removeFromSuperview() {
   std::erase(parent->subviews_, self);
   superview_ = nullptr;
   superviewIsFlipped_ = false;
+  parent->subviewWasTaken(*this);
   NSAccessibilityTree::childrenDidChange(*parent);
   if (layer_) layer_->removeFromSuperlayer();
   moveToWindow(nullptr);
@@ -101,29 +116,51 @@ bool NSView::isDescendantOf(const NSView& view) const {
 
 void NSView::viewWillMoveToWindow(NSWindow*) {}
 
+// Whoever is told may move or drop any view, so each step takes the tree as it is by then.
 void NSView::moveToWindow(NSWindow* window) {
   if (window_.lock() == window) return;
   const Ref<NSWindow> keepWindow(window);
-  forTree([&](NSView& view) {
+  ++movesInProgress_;
+  forTree([](NSView& view) {
     if (const auto old = view.window_.lock()) old->viewWillLeave(view);
-    view.viewWillMoveToWindow(window);
   });
+  forTree([window](NSView& view) {
+    if (view.window_.lock() != window) view.viewWillMoveToWindow(window);
+  });
+  std::vector<Ref<NSView>> moved;
   forTree([&](NSView& view) {
-    view.window_ = window;
-    if (window) {
-      window->viewDidEnter(view);
-      view.makeLayer();
-      view.layer_->setContentsScale(window->backingScaleFactor());
-      view.setNeedsDisplay(true);
-    }
+    if (view.adoptWindow(window)) moved.emplace_back(&view);
   });
-  forTree([&](NSView& view) {
-    view.viewDidMoveToWindow();
-    if (!window) return;
-    if (view.shadow_) view.updateLayerShadow();
-    view.viewDidChangeBackingProperties();
-    view.viewDidChangeEffectiveAppearance();
-  });
+  --movesInProgress_;
+  for (const auto& view : moved) view->didAdoptWindow(window);
+}
+
+// A superview gets its window before its subviews.
+bool NSView::belongsTo(const NSWindow* window) const {
+  if (const auto parent = superview_.lock()) return parent->window_.lock() == window;
+  return !window || window->frameView_ == this;
+}
+
+bool NSView::adoptWindow(NSWindow* window) {
+  const auto old = window_.lock();
+  if (old == window || !belongsTo(window)) return false;
+  if (old) old->viewHasLeft(*this);
+  window_ = window;
+  if (!window) return true;
+  window->viewDidEnter(*this);
+  makeLayer();
+  if (layer_) layer_->setContentsScale(window->backingScaleFactor());
+  setNeedsDisplay(true);
+  return true;
+}
+
+void NSView::didAdoptWindow(NSWindow* window) {
+  if (window_.lock() != window) return;
+  viewDidMoveToWindow();
+  if (!window || window_.lock() != window) return;
+  if (shadow_) updateLayerShadow();
+  viewDidChangeBackingProperties();
+  viewDidChangeEffectiveAppearance();
 }
 
 // Geometry
@@ -135,6 +172,8 @@ void NSView::setFrame(NSRect frame) {
   markTrackingStale();
   layoutPropertyDidChange();
   if (frame.size == oldSize) return;
+  // Only views with subviews call out: others may set their frame while they are destroyed.
+  const Ref<NSView> self(subviews_.empty() ? nullptr : this);
   if (autoresizesSubviews_) resizeSubviews(oldSize);
   setNeedsLayout(true);
   const bool drawsAgain = redrawPolicy_ == NSViewLayerContentsRedrawPolicy::duringViewResize ||
@@ -190,7 +229,7 @@ NSRect NSView::convertRectFrom(const NSRect& rect, const NSView* view) const {
 void NSView::resizeSubviews(NSSize oldSize) {
   const auto snapshot = subviews_;
   for (const auto& view : snapshot) {
-    if (!view->translatesAutoresizingMaskIntoConstraints()) continue;
+    if (!view->superview_.refersTo(this) || !view->translatesAutoresizingMaskIntoConstraints()) continue;
     if (view->autoresizingMask_ == NSViewNotSizable) {
       view->layoutPropertyDidChange();  // its constraints may still be those of another mask
       continue;
@@ -212,8 +251,11 @@ void NSView::setUserInterfaceLayoutDirection(NSUserInterfaceLayoutDirection dire
 
 // Events
 
-bool NSView::mayHit(const NSPoint& pointInSuperview) const {
-  return !hidden_ && NSMouseInRect(pointInSuperview, frame_, superviewIsFlipped_);
+// Without a superview the point is in the own space.
+bool NSView::mayHit(const NSPoint& point) const {
+  if (hidden_) return false;
+  return superview_.isAlive() ? NSMouseInRect(point, frame_, superviewIsFlipped_)
+                              : NSMouseInRect(point, bounds(), isFlipped());
 }
 
 // Steps to the next subview behind `index` that the point may hit. Overrides may have taken views away.
@@ -228,7 +270,7 @@ bool NSView::stepToCandidate(std::size_t& index, const NSPoint& point) const {
 // Trees are deep and this is called once a level: what it needs of the stack is kept small.
 Ref<NSView> NSView::hitTest(NSPoint point) {
   if (!mayHit(point)) return nullptr;
-  point = placementInSuperview().undo(point);
+  if (superview_.isAlive()) point = placementInSuperview().undo(point);
   Ref<NSView> hit;
   for (std::size_t index = subviews_.size(); !hit && stepToCandidate(index, point);) {
     hit = subviews_[index];

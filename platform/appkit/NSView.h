@@ -71,7 +71,8 @@ class NSView : public NSResponder, public CALayerDelegate, public NSLayoutItem {
   /// True also for the view itself.
   [[nodiscard]] bool isDescendantOf(const NSView& view) const;
 
-  /// Called on a view and then its subviews, before and after the window changes; absent for none.
+  /// Called on a view and then its subviews, before and after the window changes; absent for none. What is
+  /// taken elsewhere in the first call does not get the window any more.
   virtual void viewWillMoveToWindow(NSWindow* window);
   virtual void viewDidMoveToWindow() {}
   virtual void viewDidMoveToSuperview() {}
@@ -282,8 +283,15 @@ class NSView : public NSResponder, public CALayerDelegate, public NSLayoutItem {
   friend class NSLayoutEngine;
   friend class NSWindow;
 
-  void insert(Ref<NSView> view, std::size_t index);
+  [[nodiscard]] std::ptrdiff_t placeBeside(const NSView* sibling, NSViewOrdering positioned) const;
+  void takeIn(NSView& view);
+  [[nodiscard]] bool wouldContainItself(const NSView& view) const;
+  /// Called when a view is a subview no more, before anybody else hears of it.
+  virtual void subviewWasTaken(NSView&) {}
   void moveToWindow(NSWindow* window);
+  [[nodiscard]] bool belongsTo(const NSWindow* window) const;
+  bool adoptWindow(NSWindow* window);
+  void didAdoptWindow(NSWindow* window);
   void makeLayer();
   void dropLayerUnlessWanted();
   void adoptLayerOfSubview(NSView& view);
@@ -304,12 +312,13 @@ class NSView : public NSResponder, public CALayerDelegate, public NSLayoutItem {
   void markTrackingStale();
   void updateTrackingInTree();
   void refreshTracking();
-  [[nodiscard]] bool mayHit(const NSPoint& pointInSuperview) const;
+  [[nodiscard]] bool mayHit(const NSPoint& point) const;
   [[nodiscard]] bool stepToCandidate(std::size_t& index, const NSPoint& point) const;
   void layoutMarkedViews();
   void updateConstraints();
   [[nodiscard]] NSView& layoutRoot();
   [[nodiscard]] Ref<NSLayoutEngine> layoutEngine();
+  [[nodiscard]] Ref<NSLayoutEngine> restoredLayoutEngine();
   [[nodiscard]] NSLayoutEngine& madeLayoutEngine();
   [[nodiscard]] std::vector<Ref<NSLayoutConstraint>> heldConstraints();
   void willLeaveLayoutTree();
@@ -333,6 +342,8 @@ class NSView : public NSResponder, public CALayerDelegate, public NSLayoutItem {
   }
   template <typename Visit>
   void forLayoutParts(Visit&& visit);
+
+  inline static int movesInProgress_ = 0;  // trees that have left one window and not reached another
 
   NSRect frame_;
   NSPoint boundsOrigin_;

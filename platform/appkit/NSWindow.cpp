@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdio>
 #include <utility>
 
 #include "host/FrameClamp.h"
@@ -25,7 +26,10 @@ namespace bkuk {
 
 namespace {
 
+constexpr std::string_view unit = "platform/appkit/NSWindow";
 constexpr std::uint16_t tabKeyCode = 48;
+// Responders that hand the keyboard to each other as they are told of it go no further than this.
+constexpr int mostFocusChanges = 16;
 
 host::Rect hostRect(const NSRect& rect) {
   return {rect.origin.x, rect.origin.y, rect.size.width, rect.size.height};
@@ -80,10 +84,19 @@ void NSWindow::didInit() {
 void NSWindow::setContentView(Ref<NSView> view) {
   if (!view) view = make<NSView>();
   if (view == contentView_) return;
+  const Ref<NSWindow> self(this);
   if (const auto old = std::exchange(contentView_, view)) old->removeFromSuperview();
+  if (contentView_ != view) return;  // who was told of it has set another
+  view->setTranslatesAutoresizingMaskIntoConstraints(true);
   view->setFrame(frameView_->bounds());
   view->setAutoresizingMask(NSViewWidthSizable | NSViewHeightSizable);
   frameView_->addSubview(view);
+  if (contentView_ == view && view->superview() != frameView_) contentViewWasTaken();
+}
+
+void NSWindow::contentViewWasTaken() {
+  contentView_ = nullptr;
+  setContentView(nullptr);
 }
 
 void NSWindow::setTitle(std::string title) {
@@ -105,6 +118,7 @@ void NSWindow::setAlphaValue(CGFloat alpha) {
 // Geometry
 
 void NSWindow::setFrame(NSRect frame, bool display) {
+  const Ref<NSWindow> self(this);
   const NSRect wanted = clamped(frame);
   if (hostWindow_) hostWindow_->setFrame(hostRect(NSScreenFlipped(wanted)));
   adoptFrame(wanted);
@@ -275,7 +289,10 @@ void NSWindow::resignKey() {
 }
 
 void NSWindow::addChildWindow(Ref<NSWindow> child, NSWindowOrderingMode ordered) {
-  if (!child || child.get() == this || child->parent_.refersTo(this)) return;
+  if (!child || child->parent_.refersTo(this)) return;
+  for (Ref<NSWindow> each(this); each; each = each->parent()) {
+    if (each == child) fatal("A window cannot be a child of itself or of one of its own children", unit);
+  }
   if (const auto old = child->parent()) old->removeChildWindow(*child);
   child->parent_ = this;
   child->orderAsChild_ = ordered;
@@ -297,20 +314,52 @@ Ref<NSResponder> NSWindow::firstResponder() const {
   return const_cast<NSWindow*>(this);
 }
 
+// A view that is on its way out of the window has it still, but does not hang in it any more.
+bool NSWindow::holds(const NSResponder& responder) const {
+  if (&responder == this) return true;
+  const auto* view = dynamic_cast<const NSView*>(&responder);
+  return view && view->window_.refersTo(this) && view->isDescendantOf(*frameView_);
+}
+
 bool NSWindow::makeFirstResponder(NSResponder* responder) {
   const Ref<NSWindow> self(this);
   const Ref<NSResponder> next(responder);
   const auto present = firstResponder();
   if (present == next) return true;
-  if (!present->resignFirstResponder()) return false;
-  firstResponder_ = responder;
-  if (!next || next == this) {
-    firstResponder_ = nullptr;
-  } else if (!next->becomeFirstResponder() && firstResponder_.refersTo(responder)) {
+  const bool isEndless = focusDepth_ >= mostFocusChanges;
+  if (isEndless || (next && !holds(*next))) {
+    const std::string name = next ? next->className() : "nothing";
+    std::fprintf(stderr, "NSWindow: makeFirstResponder: %s %s\n", name.c_str(),
+                 isEndless ? "is refused, for the responders keep calling it from becomeFirstResponder or "
+                             "resignFirstResponder"
+                           : "is no view in this window: add it to the window first");
+    return false;
+  }
+  ++focusDepth_;
+  const bool agrees = letsGo(*present);
+  const auto now = firstResponder();
+  const bool isOvertaken = now != present && now != self;
+  if (agrees && !isOvertaken) giveKeyboard(next);
+  --focusDepth_;
+  return isOvertaken ? now == next : agrees;
+}
+
+// One that gives the keyboard away while it is asked is not asked once more for that.
+bool NSWindow::letsGo(NSResponder& present) {
+  if (resigning_.refersTo(&present)) return true;
+  const auto outer = std::exchange(resigning_, Weak<NSResponder>(&present));
+  const bool agrees = present.resignFirstResponder();
+  resigning_ = outer;
+  return agrees;
+}
+
+void NSWindow::giveKeyboard(const Ref<NSResponder>& next) {
+  const bool isWindow = !next || next == this || !holds(*next);
+  firstResponder_ = isWindow ? nullptr : next.get();
+  if (!isWindow && !next->becomeFirstResponder() && firstResponder_.refersTo(next.get())) {
     firstResponder_ = nullptr;
   }
   firstResponderDidChange();
-  return true;
 }
 
 void NSWindow::firstResponderDidChange() {
@@ -327,7 +376,7 @@ void NSWindow::selectKeyView(Ref<NSView> (NSView::*valid)() const) {
     next = initial->acceptsFirstResponder() ? initial : (initial.get()->*valid)();
   }
   if (!next && autorecalculatesKeyViewLoop_) next = endOfLoop(valid);
-  if (next) makeFirstResponder(next.get());
+  if (next && holds(*next)) makeFirstResponder(next.get());
 }
 
 // Where the keyboard enters a loop that nobody has entered yet.
@@ -441,10 +490,14 @@ void NSWindow::viewDidEnter(NSView& view) {
   for (const auto& area : view.trackingAreas()) tracking_->add(view, *area);
 }
 
+void NSWindow::viewHasLeft(NSView& view) {
+  viewWillLeave(view);  // it may have taken the keyboard once more when it was told
+  for (const auto& area : view.trackingAreas()) tracking_->remove(*area);
+}
+
 void NSWindow::viewWillLeave(NSView& view) {
   keyViewLoopIsStale_ = true;
   mouse_->forget(view);
-  for (const auto& area : view.trackingAreas()) tracking_->remove(*area);
   if (!firstResponder_.refersTo(&view)) return;
   firstResponder_ = nullptr;
   firstResponderDidChange();

@@ -59,7 +59,8 @@ class NSWindow : public NSResponder {
 
   // Content
 
-  /// Fills the window. Never absent: a plain view until it is set; an absent one gives a new plain view.
+  /// Fills the window. Never absent: a plain view until it is set; an absent one gives a new plain view, and
+  /// so does one that is put elsewhere. Its autoresizing mask is translated into constraints.
   [[nodiscard]] const Ref<NSView>& contentView() const { return contentView_; }
   void setContentView(Ref<NSView> view);
 
@@ -125,7 +126,8 @@ class NSWindow : public NSResponder {
 
   [[nodiscard]] Ref<NSWindow> parent() const { return parent_.lock(); }
   [[nodiscard]] const std::vector<Ref<NSWindow>>& childWindows() const { return children_; }
-  /// The child keeps its offset when this window moves, and its order above or below it.
+  /// The child keeps its offset when this window moves, and its order above or below it. A window that this
+  /// one is a child of, near or far, and the window itself are a fatal error.
   void addChildWindow(Ref<NSWindow> child, NSWindowOrderingMode ordered);
   void removeChildWindow(NSWindow& child);
 
@@ -139,8 +141,10 @@ class NSWindow : public NSResponder {
   /// Never absent; the window itself when nothing else is.
   [[nodiscard]] Ref<NSResponder> firstResponder() const;
   /// Asks the present first responder to resign; when it refuses, answers false and changes nothing.
-  /// Then `responder` is asked to become it; when that refuses or is absent the window takes its place.
-  /// `acceptsFirstResponder` is asked of nobody.
+  /// Then `responder` is asked to become it; when that refuses, is absent or has left the window meanwhile,
+  /// the window takes its place. `acceptsFirstResponder` is asked of nobody. Answers false, with a line on
+  /// the standard error stream, for a responder that is neither the window nor a view in it. When the one
+  /// that resigns gives the keyboard to another, that stands.
   virtual bool makeFirstResponder(NSResponder* responder);
 
   [[nodiscard]] Ref<NSView> initialFirstResponder() const { return initialFirstResponder_.lock(); }
@@ -195,6 +199,7 @@ class NSWindow : public NSResponder {
   friend class NSCursor;
   friend class NSFocusRing;
   friend class NSView;
+  friend class NSWindowFrameView;
   friend class NSWindowMouseRouter;
   friend class NSWindowTracking;
   class HostClient;
@@ -218,11 +223,16 @@ class NSWindow : public NSResponder {
   // What views tell their window.
   void viewDidEnter(NSView& view);
   void viewWillLeave(NSView& view);
+  void viewHasLeft(NSView& view);
+  void contentViewWasTaken();
   void trackingAreaWasAdded(NSView& view, NSTrackingArea& area);
   void trackingAreaWasRemoved(NSTrackingArea& area);
   void trackingAreaHasMoved(const NSTrackingArea& area);
   void activityDidChange();
   void focusRingDidChange(const NSView& view);
+  [[nodiscard]] bool holds(const NSResponder& responder) const;
+  [[nodiscard]] bool letsGo(NSResponder& present);
+  void giveKeyboard(const Ref<NSResponder>& next);
   void selectKeyView(Ref<NSView> (NSView::*valid)() const);
   [[nodiscard]] Ref<NSView> endOfLoop(Ref<NSView> (NSView::*valid)() const) const;
   void firstResponderDidChange();
@@ -244,6 +254,8 @@ class NSWindow : public NSResponder {
   Ref<NSView> frameView_;
   Ref<NSView> contentView_;
   Weak<NSResponder> firstResponder_;
+  Weak<NSResponder> resigning_;  // who is being asked to let go of the keyboard
+  int focusDepth_ = 0;           // calls of `makeFirstResponder` from within others
   Weak<NSView> initialFirstResponder_;
   Weak<NSObject> delegate_;
   Weak<NSWindow> parent_;

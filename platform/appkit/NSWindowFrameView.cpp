@@ -29,4 +29,9 @@ void NSWindowFrameView::updateLayer() {
   layer()->setBackgroundColor(color->cgColor());
 }
 
+void NSWindowFrameView::subviewWasTaken(NSView& view) {
+  const auto window = this->window();
+  if (window && window->contentView_ == &view) window->contentViewWasTaken();
+}
+
 }  // namespace bkuk

@@ -12,6 +12,9 @@ class NSWindowFrameView : public NSView {
 
   [[nodiscard]] bool wantsUpdateLayer() const override { return true; }
   void updateLayer() override;
+
+ private:
+  void subviewWasTaken(NSView& view) override;
 };
 
 }  // namespace bkuk

@@ -53,10 +53,11 @@ void NSWindowMouseRouter::press(NSEvent& event, Weak<NSView>& target, Operation 
       !window_.isKeyWindow() && window_.canBecomeKey() && window_.becomesKeyByClick(view.get());
   target = nullptr;
   if (bringsKey) window_.makeKey();
-  if (!view || !view->window() || (bringsKey && !view->acceptsFirstMouse(event))) return;
+  if (!view || (bringsKey && !view->acceptsFirstMouse(event)) || view->window() != &window_) return;
   target = view.get();
   if (event.type() == NSEventType::leftMouseDown) focusByClick(*view);
-  (view.get()->*operation)(event);
+  // Whoever was told of the keyboard may have taken the view out.
+  if (target.refersTo(view.get())) (view.get()->*operation)(event);
 }
 
 void NSWindowMouseRouter::release(NSEvent& event, Weak<NSView>& target, Operation operation) {

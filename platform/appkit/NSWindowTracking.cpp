@@ -1,6 +1,7 @@
 #include "platform/appkit/NSWindowTracking.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 #include "platform/appkit/NSApplication.h"
@@ -62,11 +63,12 @@ bool NSWindowTracking::isUnderPointer(const Entry& entry) const {
   return pointer_.isInWindow && entry.box.contains(pointer_.location) && isActive(*entry.area);
 }
 
+// What is not a number does not spoil the box of its neighbours.
 void NSWindowTracking::Box::add(const Box& other) {
-  minX = std::min(minX, other.minX);
-  minY = std::min(minY, other.minY);
-  maxX = std::max(maxX, other.maxX);
-  maxY = std::max(maxY, other.maxY);
+  minX = std::fmin(minX, other.minX);
+  minY = std::fmin(minY, other.minY);
+  maxX = std::fmax(maxX, other.maxX);
+  maxY = std::fmax(maxY, other.maxY);
 }
 
 void NSWindowTracking::makeGroups() {

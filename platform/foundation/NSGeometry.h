@@ -13,7 +13,7 @@ inline constexpr NSRect NSZeroRect{};
 /// Whether the pointer at `point` is in `rect`: the left edge is inside, the right one outside; of the
 /// horizontal edges the visually upper one is inside, so the lower one (in y) only when `flipped`.
 [[nodiscard]] constexpr bool NSMouseInRect(NSPoint point, const NSRect& rect, bool flipped) {
-  if (point.x < rect.minX() || point.x >= rect.maxX()) return false;
+  if (!(point.x >= rect.minX() && point.x < rect.maxX())) return false;
   return flipped ? point.y >= rect.minY() && point.y < rect.maxY()
                  : point.y > rect.minY() && point.y <= rect.maxY();
 }

@@ -163,5 +163,58 @@ TEST(NSLayoutEngine, SenselessNumbersOfViewsAreHarmless) {
   EXPECT_EQ(view->frame().size.width, 20);
 }
 
+// The engine went with the root; what leaves before a new one is needed must end its constraints all the
+// same.
+TEST(NSLayoutEngine, AViewLeavesATreeThatHasLostItsRoot) {
+  const VirtualHostScope host;
+  auto root = make<NSView>();
+  const auto home = make<NSView>(NSRect(0, 0, 100, 100));
+  root->addSubview(home);
+  const auto a = placedView(*home);
+  const auto b = placedView(*home);
+  const auto between = activated(a->leftAnchor()->constraintEqualTo(b->leftAnchor()));
+  const auto within = activated(b->leftAnchor()->constraintEqualTo(home->leftAnchor(), 7));
+  root = nullptr;
+  a->removeFromSuperview();
+  EXPECT_FALSE(between->isActive());
+  const LayoutFixture fixture;
+  fixture.root->addSubview(home);
+  fixture.window->layoutIfNeeded();
+  EXPECT_TRUE(within->isActive());
+  EXPECT_EQ(b->frame().origin.x, 7);
+}
+
+TEST(NSLayoutEngine, ASizeThatInvalidatesItselfWhileItIsAskedIsItsAnswer) {
+  class Restless : public NSView {
+   public:
+    std::function<void()> onAsk;
+    NSSize intrinsicContentSize() const override {
+      if (onAsk) onAsk();
+      return {30, 20};
+    }
+  };
+  const VirtualHostScope host;
+  const LayoutFixture fixture;
+  const auto addRestless = [&] {
+    const auto view = make<Restless>();
+    view->setTranslatesAutoresizingMaskIntoConstraints(false);
+    fixture.root->addSubview(view);
+    activated(view->leftAnchor()->constraintEqualTo(fixture.root->leftAnchor()));
+    return view;
+  };
+  const auto alone = addRestless();
+  alone->onAsk = [&] { alone->invalidateIntrinsicContentSize(); };
+  fixture.window->layoutIfNeeded();
+  EXPECT_EQ(alone->frame().size, (NSSize{30, 20}));
+  const auto first = addRestless();
+  const auto second = addRestless();
+  first->onAsk = [&] { second->invalidateIntrinsicContentSize(); };
+  second->onAsk = [&] { first->invalidateIntrinsicContentSize(); };
+  fixture.window->orderFront();
+  host->settle();
+  EXPECT_EQ(second->frame().size, (NSSize{30, 20}));
+  first->onAsk = second->onAsk = {};
+}
+
 }  // namespace
 }  // namespace bkuk

@@ -2,6 +2,9 @@
 #include <gtest/gtest.h>
 #include <limits>
 
+#include "platform/appkit/NSLayoutConstraint.h"
+#include "platform/appkit/NSLayoutGuide.h"
+#include "platform/appkit/NSTrackingArea.h"
 #include "platform/appkit/NSView.h"
 #include "testing/VirtualHostScope.h"
 #include "tests/appkit/RecordingView.h"
@@ -85,6 +88,67 @@ TEST(NSViewTree, AViewMayLeaveAgainWhileItIsToldThatItEntered) {
   EXPECT_TRUE(fixture.view->layer()->sublayers().empty());
 }
 
+// What a view may do when it is told that it is about to enter or leave, and where it hangs then.
+TEST(NSViewTree, AViewMayMoveItselfOrItsSuperviewWhileItIsToldThatItWillMove) {
+  const VirtualHostScope host;
+  struct Case {
+    std::string_view call;
+    std::function<void(NSView& view, NSView& home, NSView& elsewhere)> act;
+  };
+  const Case cases[] = {
+      {"will enter", [](NSView& view, NSView&, NSView&) { view.removeFromSuperview(); }},
+      {"will enter", [](NSView& view, NSView&, NSView&) { view.superview()->removeFromSuperview(); }},
+      {"will enter", [](NSView& view, NSView&, NSView& elsewhere) { elsewhere.addSubview(&view); }},
+      {"will leave", [](NSView& view, NSView& home, NSView&) { home.addSubview(&view); }},
+      {"will leave", [](NSView& view, NSView&, NSView& elsewhere) { elsewhere.addSubview(&view); }},
+      {"will leave", [](NSView& view, NSView&, NSView&) { view.window()->makeFirstResponder(&view); }},
+      {"will leave", [](NSView& view, NSView&, NSView&) {
+         const auto guide = make<NSLayoutGuide>();
+         view.addLayoutGuide(guide);
+         guide->leftAnchor()->constraintEqualTo(view.leftAnchor())->setActive(true);
+       }}};
+  for (const auto& [call, act] : cases) {
+    WindowWithView fixture;
+    WindowWithView other;
+    const auto box = make<NSView>(NSRect(0, 0, 50, 50));
+    const auto view = make<RecordingView>(NSRect(0, 0, 50, 50));
+    box->addSubview(view);
+    const auto area = make<NSTrackingArea>(
+        view->bounds(), NSTrackingMouseEnteredAndExited | NSTrackingActiveAlways, view.get());
+    view->addTrackingArea(area);
+    view->onCall = [&, wanted = call, deed = act](std::string_view told) {
+      if (told == wanted) deed(*view, *fixture.view, *other.view);
+    };
+    fixture.view->addSubview(box);
+    box->removeFromSuperview();
+    view->onCall = {};
+    for (const auto& window : {fixture.window, other.window}) {
+      EXPECT_EQ(view->window() == window, view->isDescendantOf(*window->contentView())) << call;
+      EXPECT_EQ(window->firstResponder(), window);
+    }
+    EXPECT_FALSE(box->window());
+    view->setFrame({0, 0, 20, 20});
+    view->removeTrackingArea(area);
+    for (auto* desktop : host->windows()) desktop->movePointer({60, 60});
+    host->settle();
+  }
+}
+
+TEST(NSViewTree, WhoIsToldOfARemovalMayPutTheNewSuperviewInside) {
+  const VirtualHostScope host;
+  WindowWithView fixture;
+  const auto box = make<NSView>();
+  fixture.view->addSubview(make<NSView>());
+  fixture.view->onCall = [&](std::string_view call) {
+    if (call == "left") fixture.view->addSubview(box);
+  };
+  box->addSubview(fixture.view);
+  EXPECT_EQ(box->superview(), fixture.view);
+  EXPECT_FALSE(fixture.view->superview());
+  const auto root = fixture.window->contentView()->superview();
+  EXPECT_THAT(*stopLine([&] { box->addSubview(root); }), testing::HasSubstr("cannot be moved"));
+}
+
 TEST(NSViewTree, AVeryDeepTreeIsHitTestedLaidOutAndDestroyed) {
   const VirtualHostScope host;
   WindowWithView fixture;
@@ -135,6 +199,11 @@ TEST(NSViewGeometry, HitTestTakesTheFrontMostAndSkipsHiddenAndOutlyingViews) {
   EXPECT_EQ(root->hitTest({30, 30}), back);
   EXPECT_TRUE(outlying->isHiddenOrHasHiddenAncestor());
   EXPECT_FALSE(root->hitTest({100, 50}));
+  root->setFrame({500, 500, 100, 100});
+  root->setBoundsOrigin({20, 0});
+  EXPECT_EQ(root->hitTest({30, 30}), back) << "without a superview the point is in the own space";
+  EXPECT_EQ(root->hitTest({110, 50}), root);
+  EXPECT_FALSE(root->hitTest({530, 530}));
 }
 
 TEST(NSViewGeometry, SubviewsFollowTheirSuperviewByTheirMasks) {

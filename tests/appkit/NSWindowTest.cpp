@@ -8,6 +8,7 @@
 #include "platform/appkit/NSWindow.h"
 #include "testing/VirtualHostScope.h"
 #include "tests/appkit/RecordingView.h"
+#include "tests/support/StopLine.h"
 
 namespace bkuk {
 namespace {
@@ -98,6 +99,122 @@ TEST(NSWindowResponder, RefusalsKeepOrReturnTheKeyboard) {
   fixture.view->removeFromSuperview();
   EXPECT_EQ(fixture.window->firstResponder(), fixture.window);
   EXPECT_THAT(fixture.view->takeLog(), ElementsAre("will leave", "left")) << "it is not asked";
+}
+
+// Whoever is told of the keyboard, or asked to let go of it, may do with it what he likes.
+TEST(NSWindowResponder, TheKeyboardStaysWithinTheWindow) {
+  const VirtualHostScope host;
+  WindowWithView fixture;
+  WindowWithView other;
+  const auto& window = fixture.window;
+  const auto next = make<RecordingView>();
+  const auto third = make<RecordingView>();
+  const auto homeless = make<RecordingView>();
+  for (const auto& view : {next, third}) window->contentView()->addSubview(view);
+  EXPECT_FALSE(window->makeFirstResponder(homeless.get()));
+  EXPECT_FALSE(window->makeFirstResponder(other.view.get()));
+  EXPECT_FALSE(window->makeFirstResponder(other.window.get()));
+  EXPECT_EQ(window->firstResponder(), window);
+
+  // Refocuses while it resigns: the one that became is not passed over.
+  const auto onResign = [&](const std::function<void()>& act) {
+    fixture.view->onCall = [act](std::string_view call) {
+      if (call == "resign") act();
+    };
+    window->makeFirstResponder(fixture.view.get());
+    for (const auto& view : {next, third}) view->takeLog();
+  };
+  onResign([&] { window->makeFirstResponder(third.get()); });
+  EXPECT_FALSE(window->makeFirstResponder(next.get()));
+  EXPECT_EQ(window->firstResponder(), third);
+  EXPECT_THAT(next->takeLog(), IsEmpty());
+  EXPECT_THAT(third->takeLog(), ElementsAre("become"));
+
+  onResign([&] { next->removeFromSuperview(); });
+  window->makeFirstResponder(next.get());
+  EXPECT_EQ(window->firstResponder(), window);
+  EXPECT_THAT(next->takeLog(), ElementsAre("will leave", "left"));
+  onResign([&] { fixture.view->removeFromSuperview(); });
+  EXPECT_TRUE(window->makeFirstResponder(third.get()));
+  EXPECT_EQ(window->firstResponder(), third);
+}
+
+TEST(NSWindowResponder, RespondersThatHandEachOtherTheKeyboardComeToAnEnd) {
+  const VirtualHostScope host;
+  WindowWithView fixture;
+  const auto& window = fixture.window;
+  const auto other = make<RecordingView>();
+  window->contentView()->addSubview(other);
+  fixture.view->onCall = [&](std::string_view call) {
+    if (call == "become") window->makeFirstResponder(other.get());
+  };
+  other->onCall = [&](std::string_view call) {
+    if (call == "become") window->makeFirstResponder(fixture.view.get());
+  };
+  window->makeFirstResponder(other.get());
+  EXPECT_NE(window->firstResponder(), window);
+  fixture.view->onCall = other->onCall = [&](std::string_view call) {
+    if (call == "left" || call == "will leave") window->makeFirstResponder(fixture.view.get());
+  };
+  window->contentView()->removeFromSuperview();
+  EXPECT_EQ(window->firstResponder(), window);
+}
+
+TEST(NSWindowResponder, APlaceThatIsNotANumberHasNoRing) {
+  const VirtualHostScope host;
+  WindowWithView fixture;
+  class Ringed : public RecordingView {
+   public:
+    using RecordingView::RecordingView;
+    NSRect focusRingMaskBounds() override { return bounds(); }
+  };
+  const auto view = make<Ringed>(NSRect(10, 10, 20, 20));
+  fixture.window->contentView()->addSubview(view);
+  fixture.window->makeFirstResponder(view.get());
+  host->settle();
+  constexpr double nan = std::numeric_limits<double>::quiet_NaN();
+  constexpr double infinity = std::numeric_limits<double>::infinity();
+  for (const NSRect& frame : {NSRect(nan, nan, nan, nan), NSRect(0, nan, 10, 10), NSRect(0, 0, nan, 10),
+                              NSRect(infinity, 0, infinity, 10), NSRect(-1e300, 0, 1e301, 1e301)}) {
+    view->setFrame(frame);
+    host->settle();
+    host->windows().front()->click({60, 60});
+  }
+  EXPECT_EQ(fixture.window->firstResponder(), view);
+}
+
+TEST(NSWindowContent, AContentViewThatIsTakenAwayLeavesAPlainOne) {
+  const VirtualHostScope host;
+  WindowWithView fixture;
+  WindowWithView other;
+  const auto& window = fixture.window;
+  const auto content = window->contentView();
+  content->removeFromSuperview();
+  EXPECT_NE(window->contentView(), content);
+  EXPECT_EQ(window->contentView()->frame(), NSRect(0, 0, 200, 100));
+  window->setContentView(content);
+  const auto wrapper = make<NSView>();
+  wrapper->setTranslatesAutoresizingMaskIntoConstraints(false);
+  wrapper->addSubview(content);
+  EXPECT_FALSE(content->window());
+  window->setContentView(wrapper);
+  window->setContentSize({50, 40});
+  EXPECT_EQ(wrapper->frame().size, (NSSize{50, 40})) << "the window places it";
+  other.window->setContentView(wrapper);
+  EXPECT_EQ(wrapper->window(), other.window);
+  EXPECT_EQ(window->contentView()->window(), window);
+
+  // One that leaves sets another: that stands, and is the only one.
+  const auto leaving = make<RecordingView>();
+  const auto last = make<NSView>();
+  window->setContentView(leaving);
+  leaving->onCall = [&](std::string_view call) {
+    if (call == "left") window->setContentView(last);
+  };
+  window->setContentView(make<NSView>());
+  EXPECT_EQ(window->contentView(), last);
+  EXPECT_EQ(last->superview()->subviews().size(), 1U);
+  host->settle();
 }
 
 TEST(NSWindowResponder, KeysGoUpTheChainAndTabMovesOn) {
@@ -199,6 +316,21 @@ TEST(NSWindowGeometry, ChildrenMoveAndLeaveWithTheirParent) {
   EXPECT_FALSE(child->isVisible());
   fixture.window->removeChildWindow(*child);
   EXPECT_FALSE(child->parent());
+}
+
+TEST(NSWindowGeometry, AWindowIsNoChildOfItsChildren) {
+  const VirtualHostScope host;
+  const auto first = make<NSWindow>(NSRect(0, 0, 100, 100));
+  const auto second = make<NSWindow>(NSRect(0, 0, 100, 100));
+  const auto third = make<NSWindow>(NSRect(0, 0, 100, 100));
+  first->addChildWindow(second, NSWindowOrderingMode::above);
+  second->addChildWindow(third, NSWindowOrderingMode::above);
+  for (const auto& window : {first, second, third}) {
+    EXPECT_THAT(*stopLine([&] { third->addChildWindow(window, NSWindowOrderingMode::above); }),
+                testing::HasSubstr("cannot be a child of itself"));
+  }
+  first->setFrame({10, 0, 100, 100});
+  EXPECT_EQ(third->frame().origin.x, 10);
 }
 
 TEST(NSWindowDrawing, PaintsItsViewsAndPresentsOnlyWhatChanged) {
