@@ -5,9 +5,11 @@
 
 namespace bkuk::gallery {
 
+// A full row that has to be broken is broken into even parts, so that none of its cells is left alone.
 std::size_t Grid::columns() const {
-  const auto fitting = std::floor((width + gap) / (narrowest + gap));
-  return static_cast<std::size_t>(std::clamp(fitting, 1.0, static_cast<CGFloat>(maxColumns)));
+  const auto fitting = static_cast<std::size_t>(std::max(1.0, std::floor((width + gap) / (narrowest + gap))));
+  const auto parts = (maxColumns + fitting - 1) / fitting;
+  return (maxColumns + parts - 1) / parts;
 }
 
 NSRect Grid::cell(std::size_t index) const {

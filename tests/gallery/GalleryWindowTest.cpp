@@ -141,6 +141,13 @@ TEST_F(GalleryWindowTest, TheChosenSegmentIsLighterThanItsGrooveInBothAppearance
   }
 }
 
+TEST_F(GalleryWindowTest, ARowThatDoesNotFitIsBrokenEvenly) {
+  open("fills", {940, 700});
+  const auto left = place(Role::image, "Colour").x;
+  EXPECT_EQ(place(Role::image, "Radial gradient").x, left);
+  EXPECT_GT(place(Role::image, "Stack of three").x, left);
+}
+
 TEST_F(GalleryWindowTest, NoTileOfALayoutShrinksToAStub) {
   open("layout", {940, 700});
   reader.setValue(reader.find(Role::slider, "Width of the cards"), 0);
