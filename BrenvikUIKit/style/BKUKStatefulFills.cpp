@@ -13,14 +13,16 @@ std::optional<Ref<NSColor>> colorOf(const BKUKFill& fill) {
 
 }  // namespace
 
-template <typename T>
-BKUKStatefulColors BKUKStatefulSettings<T>::convertToStatefulColor()
-    const requires std::same_as<T, BKUKFill> {
-  const auto color = colorOf(normal());
-  if (!color) fatal("The normal fill has no color", "BrenvikUIKit/BKUKStatefulSettings");
-  return {*color, colorOf(hover()), colorOf(pressed()), colorOf(disabled())};
+const BKUKStatefulFills& BKUKStatefulPresets<BKUKFill>::clear() {
+  static const auto& fills = *new BKUKStatefulFills(BKUKFill::clear());
+  return fills;
 }
 
-template BKUKStatefulColors BKUKStatefulSettings<BKUKFill>::convertToStatefulColor() const;
+BKUKStatefulColors BKUKStatefulPresets<BKUKFill>::convertToStatefulColor() const {
+  const auto& fills = static_cast<const BKUKStatefulFills&>(*this);
+  const auto color = colorOf(fills.normal());
+  if (!color) fatal("The normal fill has no color", "BrenvikUIKit/BKUKStatefulSettings");
+  return {*color, colorOf(fills.hover()), colorOf(fills.pressed()), colorOf(fills.disabled())};
+}
 
 }  // namespace bkuk

@@ -2,12 +2,9 @@
 
 namespace bkuk {
 
-template <typename T>
-const BKUKStatefulSettings<T>& BKUKStatefulSettings<T>::basicImageButton() requires std::same_as<T, float> {
-  static const BKUKStatefulSettings opacities(0.7F, 1.0F, 0.4F, 0.2F);
+const BKUKStatefulOpacities& BKUKStatefulPresets<float>::basicImageButton() {
+  static const BKUKStatefulOpacities opacities(0.7F, 1.0F, 0.4F, 0.2F);
   return opacities;
 }
-
-template const BKUKStatefulOpacities& BKUKStatefulSettings<float>::basicImageButton();
 
 }  // namespace bkuk

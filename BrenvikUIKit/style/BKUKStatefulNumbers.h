@@ -10,7 +10,11 @@ using BKUKStatefulWidths = BKUKStatefulSettings<double>;
 /// The opacity of an image, 0 to 1, by interaction state.
 using BKUKStatefulOpacities = BKUKStatefulSettings<float>;
 
-/// An image that is pressed: it brightens under the pointer and fades when it is held or disabled.
-extern template const BKUKStatefulOpacities& BKUKStatefulSettings<float>::basicImageButton();
+template <>
+class BKUKStatefulPresets<float> : public BKUKStatefulPresetsBase {
+ public:
+  /// An image that is pressed: it brightens under the pointer and fades when it is held or disabled.
+  [[nodiscard]] static const BKUKStatefulOpacities& basicImageButton();
+};
 
 }  // namespace bkuk

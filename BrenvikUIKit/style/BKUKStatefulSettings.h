@@ -1,23 +1,12 @@
 #pragma once
 
 #include <concepts>
-#include <cstdint>
 #include <optional>
 #include <utility>
 
 #include "BrenvikUIKit/interaction/BKUKInteractionState.h"
-#include "platform/appkit/NSTextAlignment.h"
-#include "platform/foundation/Ref.h"
 
 namespace bkuk {
-
-class BKUKBrandFont;
-class BKUKFill;
-class NSColor;
-enum class BKUKFontType : std::uint8_t;
-struct BKUKFontChanges;
-struct BKUKFontSettings;
-struct BKUKShadowSettings;
 
 /// A value that says nothing, an empty `Ref`, is as good as none.
 template <typename T>
@@ -37,13 +26,35 @@ struct BKUKStatefulChanges {
   std::optional<T> disabled{};
 };
 
+template <typename T>
+class BKUKStatefulSettings;
+
+/// What the presets of every type of element start from.
+struct BKUKStatefulPresetsBase {
+  /// Settings are changed by `BKUKStatefulSettings::with`; the presets of a type may add further forms.
+  void with() const = delete;
+  bool operator==(const BKUKStatefulPresetsBase&) const = default;
+};
+
+/// What settings of one type of element offer beyond the values by state. Nothing, unless the header that
+/// names such settings specializes it: with ready settings and further members, which the settings inherit,
+/// and with functions `make`, whose arguments the settings are then constructed from. Include that header
+/// wherever settings of the type are used.
+template <typename T>
+class BKUKStatefulPresets : public BKUKStatefulPresetsBase {};
+
+/// The arguments are those that settings of the type are made of, other than values by state.
+template <typename T, typename... Arguments>
+concept BKUKStatefulIngredients = requires(const Arguments&... arguments) {
+  { BKUKStatefulPresets<T>::make(arguments...) } -> std::same_as<BKUKStatefulSettings<T>>;
+};
+
 /// A value by interaction state: one for the normal state, and where it differs one for the others. A state
 /// without a value of its own takes the normal one, never that of another state. An empty `Ref` is no value.
 ///
-/// An immutable value; objects in it are shared between copies. What belongs to one type of element only
-/// (`clear`, `noShadow` and others) is declared in the header that names the type.
+/// An immutable value; objects in it are shared between copies.
 template <typename T>
-class BKUKStatefulSettings {
+class BKUKStatefulSettings : public BKUKStatefulPresets<T> {
  public:
   using Changes = BKUKStatefulChanges<T>;
 
@@ -56,19 +67,11 @@ class BKUKStatefulSettings {
         hover_(givenOrAbsent(std::move(hover))),
         pressed_(givenOrAbsent(std::move(pressed))),
         disabled_(givenOrAbsent(std::move(disabled))) {}
-  /// A fill of each state's colour; all four states have their own.
-  template <typename Color>
-  requires std::same_as<T, BKUKFill> && std::same_as<Color, Ref<NSColor>>
-  explicit BKUKStatefulSettings(const BKUKStatefulSettings<Color>& statefulColor)
-      : BKUKStatefulSettings(statefulColor.map([](const Color& color) { return T::color(color); })) {}
-  /// Text in each state's colour and otherwise alike: `size` and `spacing` are in points. All four states
-  /// have their own.
-  BKUKStatefulSettings(const BKUKStatefulSettings<Ref<NSColor>>& colors, double size, BKUKFontType type,
-                       NSTextAlignment alignment,
-                       std::optional<float> spacing = {}) requires std::same_as<T, BKUKFontSettings>;
-  /// The same in the size and type that the application gives the role.
-  BKUKStatefulSettings(BKUKBrandFont style, const BKUKStatefulSettings<Ref<NSColor>>& colors,
-                       NSTextAlignment alignment) requires std::same_as<T, BKUKFontSettings>;
+  /// What the type of element is made of in further ways; see its header.
+  template <typename... Arguments>
+  requires BKUKStatefulIngredients<T, Arguments...>
+  explicit(sizeof...(Arguments) == 1) BKUKStatefulSettings(const Arguments&... arguments)
+      : BKUKStatefulSettings(BKUKStatefulPresets<T>::make(arguments...)) {}
 
   [[nodiscard]] const T& normal() const { return normal_; }
   [[nodiscard]] const T& hover() const { return hover_ ? *hover_ : normal_; }
@@ -89,6 +92,7 @@ class BKUKStatefulSettings {
     return normal();
   }
 
+  using BKUKStatefulPresets<T>::with;
   /// A setting in which all states have their own value: the given one, else the one that this setting
   /// answers for the state. So a new normal value leaves the look of the other states as it was.
   [[nodiscard]] BKUKStatefulSettings with(Changes changes) const {
@@ -99,30 +103,12 @@ class BKUKStatefulSettings {
             value(changes.disabled, disabled())};
   }
 
-  /// Each state's text in its colour of `colors` and changed as `changes` says, whose own colour does not
-  /// count.
-  [[nodiscard]] BKUKStatefulSettings with(
-      const BKUKStatefulSettings<Ref<NSColor>>& colors,
-      const BKUKFontChanges& changes) const requires std::same_as<T, BKUKFontSettings>;
-
   /// What `convert` makes of each state's value; all four states have their own.
   template <typename Convert>
   [[nodiscard]] auto map(Convert&& convert) const {
     using Result = BKUKStatefulSettings<std::decay_t<decltype(convert(normal()))>>;
     return Result(convert(normal()), convert(hover()), convert(pressed()), convert(disabled()));
   }
-
-  // Of colours: see `BKUKStatefulColors.h`. Of fills, shadows and numbers: see `BKUKStatefulFills.h`,
-  // `BKUKStatefulShadows.h` and `BKUKStatefulNumbers.h`. Of text: see `BKUKStatefulFonts.h`.
-
-  [[nodiscard]] static const BKUKStatefulSettings& clear() requires std::same_as<T, Ref<NSColor>> ||
-      std::same_as<T, BKUKFill>;
-  [[nodiscard]] static const BKUKStatefulSettings& noShadow() requires std::same_as<T, BKUKShadowSettings>;
-  [[nodiscard]] static const BKUKStatefulSettings& basicImageButton() requires std::same_as<T, float>;
-  [[nodiscard]] static BKUKStatefulSettings hyperlinkPrimary() requires std::same_as<T, BKUKFontSettings>;
-  [[nodiscard]] static BKUKStatefulSettings hyperlinkSecondary() requires std::same_as<T, BKUKFontSettings>;
-  [[nodiscard]] BKUKStatefulSettings<Ref<NSColor>> convertToStatefulColor()
-      const requires std::same_as<T, BKUKFill>;
 
   bool operator==(const BKUKStatefulSettings&) const = default;
 

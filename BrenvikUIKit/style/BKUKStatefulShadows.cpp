@@ -2,13 +2,9 @@
 
 namespace bkuk {
 
-template <typename T>
-const BKUKStatefulSettings<T>& BKUKStatefulSettings<T>::noShadow() requires
-    std::same_as<T, BKUKShadowSettings> {
-  static const auto& shadows = *new BKUKStatefulSettings(T::noShadow());
+const BKUKStatefulShadows& BKUKStatefulPresets<BKUKShadowSettings>::noShadow() {
+  static const auto& shadows = *new BKUKStatefulShadows(BKUKShadowSettings::noShadow());
   return shadows;
 }
-
-template const BKUKStatefulShadows& BKUKStatefulSettings<BKUKShadowSettings>::noShadow();
 
 }  // namespace bkuk

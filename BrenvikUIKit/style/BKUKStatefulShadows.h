@@ -8,7 +8,11 @@ namespace bkuk {
 /// A shadow by interaction state.
 using BKUKStatefulShadows = BKUKStatefulSettings<BKUKShadowSettings>;
 
-/// No shadow in all states.
-extern template const BKUKStatefulShadows& BKUKStatefulSettings<BKUKShadowSettings>::noShadow();
+template <>
+class BKUKStatefulPresets<BKUKShadowSettings> : public BKUKStatefulPresetsBase {
+ public:
+  /// No shadow in all states.
+  [[nodiscard]] static const BKUKStatefulShadows& noShadow();
+};
 
 }  // namespace bkuk

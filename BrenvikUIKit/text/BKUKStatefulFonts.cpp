@@ -13,19 +13,37 @@ BKUKStatefulFonts link(const Ref<NSColor>& color, const Ref<NSColor>& hover) {
 
 }  // namespace
 
-template <typename T>
-BKUKStatefulSettings<T> BKUKStatefulSettings<T>::hyperlinkPrimary() requires
-    std::same_as<T, BKUKFontSettings> {
+BKUKStatefulFonts BKUKStatefulPresets<BKUKFontSettings>::hyperlinkPrimary() {
   return link(BKUKTheme::accentHighContrast(), BKUKTheme::onBackground());
 }
 
-template <typename T>
-BKUKStatefulSettings<T> BKUKStatefulSettings<T>::hyperlinkSecondary() requires
-    std::same_as<T, BKUKFontSettings> {
+BKUKStatefulFonts BKUKStatefulPresets<BKUKFontSettings>::hyperlinkSecondary() {
   return link(BKUKTheme::onBackground(), BKUKTheme::accentHighContrast());
 }
 
-template BKUKStatefulFonts BKUKStatefulSettings<BKUKFontSettings>::hyperlinkPrimary();
-template BKUKStatefulFonts BKUKStatefulSettings<BKUKFontSettings>::hyperlinkSecondary();
+BKUKStatefulFonts BKUKStatefulPresets<BKUKFontSettings>::make(const BKUKStatefulColors& colors, double size,
+                                                              BKUKFontType type, NSTextAlignment alignment,
+                                                              std::optional<float> spacing) {
+  return colors.map(
+      [&](const Ref<NSColor>& color) { return BKUKFontSettings(color, size, type, alignment, {}, spacing); });
+}
+
+BKUKStatefulFonts BKUKStatefulPresets<BKUKFontSettings>::make(BKUKBrandFont style,
+                                                              const BKUKStatefulColors& colors,
+                                                              NSTextAlignment alignment) {
+  // The application is asked for the size before the type.
+  const double size = BKUKBrandFont::size(style);
+  return make(colors, size, BKUKBrandFont::type(style), alignment);
+}
+
+BKUKStatefulFonts BKUKStatefulPresets<BKUKFontSettings>::with(const BKUKStatefulColors& colors,
+                                                              const BKUKFontChanges& changes) const {
+  const auto& fonts = static_cast<const BKUKStatefulFonts&>(*this);
+  const auto changed = [&](const BKUKFontSettings& font, const Ref<NSColor>& color) {
+    return font.with(changes).with({.color = color});
+  };
+  return {changed(fonts.normal(), colors.normal()), changed(fonts.hover(), colors.hover()),
+          changed(fonts.pressed(), colors.pressed()), changed(fonts.disabled(), colors.disabled())};
+}
 
 }  // namespace bkuk

@@ -8,37 +8,28 @@ namespace bkuk {
 /// What text looks like by interaction state.
 using BKUKStatefulFonts = BKUKStatefulSettings<BKUKFontSettings>;
 
-template <typename T>
-BKUKStatefulSettings<T>::BKUKStatefulSettings(
-    const BKUKStatefulColors& colors, double size, BKUKFontType type, NSTextAlignment alignment,
-    std::optional<float> spacing) requires std::same_as<T, BKUKFontSettings>
-    : BKUKStatefulSettings(colors.map([&](const Ref<NSColor>& color) {
-      return T(color, size, type, alignment, {}, spacing);
-    })) {}
+template <>
+class BKUKStatefulPresets<BKUKFontSettings> : public BKUKStatefulPresetsBase {
+ public:
+  /// A link in the accent colour, which loses it under the pointer. In the theme's colours of the moment.
+  [[nodiscard]] static BKUKStatefulFonts hyperlinkPrimary();
+  /// A link in the colour of text, which takes the accent colour under the pointer. In the theme's colours
+  /// of the moment.
+  [[nodiscard]] static BKUKStatefulFonts hyperlinkSecondary();
 
-template <typename T>
-BKUKStatefulSettings<T>::BKUKStatefulSettings(
-    BKUKBrandFont style, const BKUKStatefulColors& colors,
-    NSTextAlignment alignment) requires std::same_as<T, BKUKFontSettings>
-    // Braces ask the application for the size before the type.
-    : BKUKStatefulSettings{colors, BKUKBrandFont::size(style), BKUKBrandFont::type(style), alignment} {}
+  /// Text in each state's colour and otherwise alike: `size` and `spacing` are in points. All four states
+  /// have their own.
+  [[nodiscard]] static BKUKStatefulFonts make(const BKUKStatefulColors& colors, double size,
+                                              BKUKFontType type, NSTextAlignment alignment,
+                                              std::optional<float> spacing = {});
+  /// The same in the size and type that the application gives the role.
+  [[nodiscard]] static BKUKStatefulFonts make(BKUKBrandFont style, const BKUKStatefulColors& colors,
+                                              NSTextAlignment alignment);
 
-template <typename T>
-BKUKStatefulSettings<T> BKUKStatefulSettings<T>::with(
-    const BKUKStatefulColors& colors,
-    const BKUKFontChanges& changes) const requires std::same_as<T, BKUKFontSettings> {
-  const auto changed = [&](const T& font, const Ref<NSColor>& color) {
-    return font.with(changes).with({.color = color});
-  };
-  return {changed(normal(), colors.normal()), changed(hover(), colors.hover()),
-          changed(pressed(), colors.pressed()), changed(disabled(), colors.disabled())};
-}
-
-/// A link in the accent colour, which loses it under the pointer. In the theme's colours of the moment.
-extern template BKUKStatefulFonts BKUKStatefulSettings<BKUKFontSettings>::hyperlinkPrimary();
-
-/// A link in the colour of text, which takes the accent colour under the pointer. In the theme's colours of
-/// the moment.
-extern template BKUKStatefulFonts BKUKStatefulSettings<BKUKFontSettings>::hyperlinkSecondary();
+  /// Each state's text in its colour of `colors` and changed as `changes` says, whose own colour does not
+  /// count.
+  [[nodiscard]] BKUKStatefulFonts with(const BKUKStatefulColors& colors,
+                                       const BKUKFontChanges& changes) const;
+};
 
 }  // namespace bkuk
