@@ -2,27 +2,20 @@
 
 #include <utility>
 
-#include "BrenvikUIKit/interaction/BKUKKeyCodes.h"
 #include "platform/appkit/NSAccessibilityRecord.h"
 #include "platform/appkit/NSBezierPath.h"
 #include "platform/appkit/NSWindow.h"
-#include "platform/foundation/NSCoder.h"
 #include "platform/foundation/NSNotificationCenter.h"
 
 namespace bkuk {
 
 BKUKTriggerView::~BKUKTriggerView() { endPress(); }
 
-Ref<BKUKTriggerView> BKUKTriggerView::decoded(NSCoder& coder) {
-  const auto number = [&](std::string_view key) { return coder.decodeDouble(key).value_or(0); };
-  return make<BKUKTriggerView>(NSRect{number("x"), number("y"), number("width"), number("height")});
-}
+Ref<BKUKTriggerView> BKUKTriggerView::decoded(NSCoder&) { return make<BKUKTriggerView>(); }
 
 void BKUKTriggerView::didInit() {
   NSControl::didInit();
-  setTranslatesAutoresizingMaskIntoConstraints(false);
-  setAccessibilityRole(NSAccessibilityUnknownRole);
-  setAccessibilityElement(true);
+  ControlBehavior::prepare(*this);
 }
 
 const SelectorTable& BKUKTriggerView::selectors() const {
@@ -42,10 +35,7 @@ void BKUKTriggerView::stateChanged(States) { setNeedsDisplay(true); }
 void BKUKTriggerView::setSelected(bool selected) {
   const bool isChange = std::exchange(selected_, selected) != selected;
   setNeedsDisplay(true);
-  if (!isChange) return;
-  const Ref<BKUKTriggerView> self(this);
-  NSAccessibilityPostNotification(*this, NSAccessibilityValueChangedNotification);
-  NSAccessibilityPostNotification(*this, NSAccessibilityStateChangedNotification);
+  if (isChange) ControlBehavior::announceSelection(*this);
 }
 
 bool BKUKTriggerView::isAccessibilitySelected() const {
@@ -56,22 +46,11 @@ bool BKUKTriggerView::isUsable() const {
   return state_ != States::disabled && window() && isEnabled() && !isHidden() && interactive_;
 }
 
-bool BKUKTriggerView::isPointerInside() const {
-  const auto window = this->window();
-  if (!window) return false;
-  const NSPoint place = convertPointFrom(window->mouseLocationOutsideOfEventStream(), nullptr);
-  return NSMouseInRect(place, bounds(), false);
-}
-
 // Firing
 
 bool BKUKTriggerView::performUserAction() {
   if (!isUsable()) return false;
-  const Ref<BKUKTriggerView> self(this);
-  performAction();
-  sendAction(NSControl::action(), target().get());
-  // The block may replace itself, so a copy is called.
-  if (const auto block = actionBlock_) block(*this);
+  ControlBehavior::act(*this);
   return true;
 }
 
@@ -147,11 +126,6 @@ void BKUKTriggerView::viewDidMoveToWindow() {
 
 // Keyboard
 
-const Ref<BKUKKeyFocusController>& BKUKTriggerView::focus() {
-  if (!focus_) focus_ = make<BKUKKeyFocusController>(this, BKUKKeyFocusController::Preset::button);
-  return focus_;
-}
-
 bool BKUKTriggerView::canBecomeKeyView() const {
   return isEnabled() && const_cast<BKUKTriggerView*>(this)->focus()->canBecomeKeyView();
 }
@@ -179,13 +153,13 @@ void BKUKTriggerView::drawFocusRingMask() {
 }
 
 void BKUKTriggerView::keyDown(NSEvent& event) {
-  if (event.keyCode() != rawValue(BKUKKeyCodes::space)) return NSControl::keyDown(event);
+  if (!ControlBehavior::isPressKey(event)) return NSControl::keyDown(event);
   const Ref<BKUKTriggerView> self(this);
   startPress(Hold::key);
 }
 
 void BKUKTriggerView::keyUp(NSEvent& event) {
-  if (event.keyCode() != rawValue(BKUKKeyCodes::space)) return NSControl::keyUp(event);
+  if (!ControlBehavior::isPressKey(event)) return NSControl::keyUp(event);
   endPress();
 }
 
@@ -202,7 +176,7 @@ void BKUKTriggerView::mouseUp(NSEvent&) {
   const Ref<BKUKTriggerView> self(this);
   endPress();
   if (!isUsable()) return;
-  if (!isPointerInside()) return setState(States::normal);
+  if (!ControlBehavior::isPointerInside(*this)) return setState(States::normal);
   setSelected(!selected_);
   setState(States::hover);
 }
@@ -223,13 +197,10 @@ void BKUKTriggerView::mouseExited(NSEvent& event) {
 void BKUKTriggerView::updateTrackingAreas() {
   const Ref<BKUKTriggerView> self(this);
   NSControl::updateTrackingAreas();
-  if (const auto old = std::exchange(trackingArea_, nullptr)) removeTrackingArea(old);
+  behavior_.ignorePointer(*this);
   if (!window() || state_ == States::disabled || !isEnabled() || isHidden()) return;
-  trackingArea_ = make<NSTrackingArea>(
-      bounds(),
-      NSTrackingMouseEnteredAndExited | NSTrackingActiveInActiveApp | NSTrackingEnabledDuringMouseDrag, this);
-  addTrackingArea(trackingArea_);
-  setState(isPointerInside() ? States::hover : States::normal);
+  behavior_.followPointer(*this, NSTrackingActiveInActiveApp);
+  setState(ControlBehavior::isPointerInside(*this) ? States::hover : States::normal);
 }
 
 }  // namespace bkuk

@@ -2,10 +2,9 @@
 
 #include <functional>
 
-#include "BrenvikUIKit/interaction/BKUKKeyFocusController.h"
 #include "BrenvikUIKit/interaction/BKUKKeyFocusable.h"
 #include "BrenvikUIKit/interaction/BKUKStatefulView.h"
-#include "platform/appkit/NSControl.h"
+#include "BrenvikUIKit/interaction/ControlBehavior.h"
 #include "platform/foundation/NSTimer.h"
 
 namespace bkuk {
@@ -20,7 +19,7 @@ class BKUKTriggerView : public NSControl, public BKUKKeyFocusable {
   using ActionBlock = std::function<void(BKUKTriggerView& view)>;
 
   using NSControl::NSControl;
-  /// A view with the archived frame.
+  /// A new view of no size: archives keep nothing of a view.
   [[nodiscard]] static Ref<BKUKTriggerView> decoded(NSCoder& coder);
   ~BKUKTriggerView() override;
 
@@ -46,7 +45,7 @@ class BKUKTriggerView : public NSControl, public BKUKKeyFocusable {
   /// As `isSelected` unless it was set.
   [[nodiscard]] bool isAccessibilitySelected() const override;
 
-  [[nodiscard]] const Ref<NSTrackingArea>& trackingArea() const { return trackingArea_; }
+  [[nodiscard]] const Ref<NSTrackingArea>& trackingArea() const { return behavior_.trackingArea(); }
   /// The one that waits for the second fire, or the one that repeats; absent while nothing is held.
   [[nodiscard]] const Ref<NSTimer>& actionTimer() const { return actionTimer_; }
 
@@ -69,8 +68,8 @@ class BKUKTriggerView : public NSControl, public BKUKKeyFocusable {
   void setEnabled(bool enabled) override;
   void setHidden(bool hidden) override;
 
-  [[nodiscard]] const Ref<BKUKKeyFocusController>& focus() override;
-  void setFocus(Ref<BKUKKeyFocusController> focus) { focus_ = std::move(focus); }
+  [[nodiscard]] const Ref<BKUKKeyFocusController>& focus() override { return behavior_.focus(*this); }
+  void setFocus(Ref<BKUKKeyFocusController> focus) { behavior_.setFocus(std::move(focus)); }
   [[nodiscard]] bool canBecomeKeyView() const override;
   bool becomeFirstResponder() override;
   bool resignFirstResponder() override;
@@ -97,7 +96,6 @@ class BKUKTriggerView : public NSControl, public BKUKKeyFocusable {
   /// What keeps the repeating going.
   enum class Hold { none, pointer, key };
 
-  [[nodiscard]] bool isPointerInside() const;
   void startPress(Hold hold);
   void endPress();
   void observeKeyLoss();
@@ -109,11 +107,10 @@ class BKUKTriggerView : public NSControl, public BKUKKeyFocusable {
   States state_ = States::normal;
   bool selected_ = false;
   bool interactive_ = true;
-  Ref<NSTrackingArea> trackingArea_;
+  ControlBehavior behavior_;
   Ref<NSTimer> actionTimer_;
   Hold hold_ = Hold::none;
   Ref<NSObject> keyLossObserver_;  // while the key is held
-  Ref<BKUKKeyFocusController> focus_;
 };
 
 }  // namespace bkuk

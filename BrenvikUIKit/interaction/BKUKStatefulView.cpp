@@ -3,28 +3,20 @@
 #include <utility>
 #include <vector>
 
-#include "BrenvikUIKit/interaction/BKUKKeyCodes.h"
 #include "platform/appkit/NSAccessibilityRecord.h"
 #include "platform/appkit/NSBezierPath.h"
 #include "platform/appkit/NSGraphicsContext.h"
 #include "platform/appkit/NSWindow.h"
-#include "platform/foundation/Fatal.h"
-#include "platform/foundation/NSCoder.h"
 
 namespace bkuk {
 
 BKUKStatefulView::~BKUKStatefulView() = default;
 
-Ref<BKUKStatefulView> BKUKStatefulView::decoded(NSCoder& coder) {
-  const auto number = [&](std::string_view key) { return coder.decodeDouble(key).value_or(0); };
-  return make<BKUKStatefulView>(NSRect{number("x"), number("y"), number("width"), number("height")});
-}
+Ref<BKUKStatefulView> BKUKStatefulView::decoded(NSCoder&) { return make<BKUKStatefulView>(); }
 
 void BKUKStatefulView::didInit() {
   NSControl::didInit();
-  setTranslatesAutoresizingMaskIntoConstraints(false);
-  setAccessibilityRole(NSAccessibilityUnknownRole);
-  setAccessibilityElement(true);
+  ControlBehavior::prepare(*this);
 }
 
 // State
@@ -54,10 +46,7 @@ const Ref<BKUKStatefulView::Delegates>& BKUKStatefulView::delegates() {
 void BKUKStatefulView::setSelected(bool selected) {
   const bool isChange = std::exchange(selected_, selected) != selected;
   setNeedsDisplay(true);
-  if (!isChange) return;
-  const Ref<BKUKStatefulView> self(this);
-  NSAccessibilityPostNotification(*this, NSAccessibilityValueChangedNotification);
-  NSAccessibilityPostNotification(*this, NSAccessibilityStateChangedNotification);
+  if (isChange) ControlBehavior::announceSelection(*this);
 }
 
 bool BKUKStatefulView::isAccessibilitySelected() const {
@@ -92,10 +81,7 @@ bool BKUKStatefulView::performUserAction() {
   if (state() == States::disabled || !acceptsUserAction()) return false;
   const Ref<BKUKStatefulView> self(this);
   if (shouldUserEventChangeSelection()) setSelected(!isSelected());
-  performAction();
-  sendAction(action(), target().get());
-  // The block may replace itself, so a copy is called.
-  if (const auto block = actionBlock()) block(*this);
+  ControlBehavior::act(*this);
   return true;
 }
 
@@ -153,11 +139,6 @@ Ref<BKUKShape> BKUKStatefulView::shape() { return shapeLayer()->shape(); }
 
 // Keyboard
 
-const Ref<BKUKKeyFocusController>& BKUKStatefulView::focus() {
-  if (!focus_) focus_ = make<BKUKKeyFocusController>(this, BKUKKeyFocusController::Preset::button);
-  return focus_;
-}
-
 bool BKUKStatefulView::canBecomeKeyView() const {
   return isEnabled() && const_cast<BKUKStatefulView*>(this)->focus()->canBecomeKeyView();
 }
@@ -203,18 +184,11 @@ void BKUKStatefulView::drawFocusRingMask() {
 }
 
 void BKUKStatefulView::keyDown(NSEvent& event) {
-  if (event.keyCode() != rawValue(BKUKKeyCodes::space)) return NSControl::keyDown(event);
+  if (!ControlBehavior::isPressKey(event)) return NSControl::keyDown(event);
   performUserAction();
 }
 
 // Pointer
-
-bool BKUKStatefulView::isPointerInside() const {
-  const auto window = this->window();
-  if (!window) trap();
-  const NSPoint place = convertPointFrom(window->mouseLocationOutsideOfEventStream(), nullptr);
-  return NSMouseInRect(place, bounds(), false);
-}
 
 bool BKUKStatefulView::isHittableAtPointer() {
   const auto window = this->window();
@@ -235,7 +209,7 @@ Ref<NSView> BKUKStatefulView::hitTest(NSPoint point) {
 
 void BKUKStatefulView::mouseDown(NSEvent&) {
   const Ref<BKUKStatefulView> self(this);
-  if (state() == States::disabled || !isPointerInside()) return;
+  if (state() == States::disabled || !ControlBehavior::isPointerInside(*this)) return;
   setState(States::pressed);
   setNeedsDisplay(true);
 }
@@ -243,7 +217,7 @@ void BKUKStatefulView::mouseDown(NSEvent&) {
 void BKUKStatefulView::mouseUp(NSEvent&) {
   const Ref<BKUKStatefulView> self(this);
   if (state() == States::disabled) return;
-  if (isPointerInside()) {
+  if (ControlBehavior::isPointerInside(*this)) {
     performUserAction();
     if (state() != States::disabled) setState(States::hover);
   } else {
@@ -270,13 +244,9 @@ void BKUKStatefulView::mouseExited(NSEvent&) {
   setNeedsDisplay(true);
 }
 
-void BKUKStatefulView::removeOwnTrackingArea() {
-  if (const auto old = std::exchange(trackingArea_, nullptr)) removeTrackingArea(old);
-}
-
 void BKUKStatefulView::ignorePointer() {
   hideTooltip();
-  removeOwnTrackingArea();
+  behavior_.ignorePointer(*this);
 }
 
 void BKUKStatefulView::updateTrackingAreas() {
@@ -284,13 +254,11 @@ void BKUKStatefulView::updateTrackingAreas() {
   if (state() == States::disabled && !holdsTooltipWhileDisabled()) return hideTooltip();
   hideTooltip();
   if (!window()) return;
-  removeOwnTrackingArea();
-  const NSTrackingAreaOptions activity =
-      registerStateWhenWindowInactive() ? NSTrackingActiveAlways : NSTrackingActiveInKeyWindow;
-  trackingArea_ = make<NSTrackingArea>(
-      bounds(), NSTrackingMouseEnteredAndExited | NSTrackingEnabledDuringMouseDrag | activity, this);
-  addTrackingArea(trackingArea_);
-  if (state() != States::disabled) setState(isPointerInside() ? States::hover : States::normal);
+  behavior_.followPointer(
+      *this, registerStateWhenWindowInactive() ? NSTrackingActiveAlways : NSTrackingActiveInKeyWindow);
+  if (state() != States::disabled) {
+    setState(ControlBehavior::isPointerInside(*this) ? States::hover : States::normal);
+  }
   NSControl::updateTrackingAreas();
 }
 

@@ -4,13 +4,11 @@
 
 #include "BrenvikUIKit/drawing/BKUKShapeLayer.h"
 #include "BrenvikUIKit/interaction/BKUKCursorResponder.h"
-#include "BrenvikUIKit/interaction/BKUKKeyFocusController.h"
 #include "BrenvikUIKit/interaction/BKUKKeyFocusable.h"
 #include "BrenvikUIKit/interaction/BKUKStatefulViewDelegate.h"
 #include "BrenvikUIKit/interaction/BKUKTooltipDisplaying.h"
+#include "BrenvikUIKit/interaction/ControlBehavior.h"
 #include "BrenvikUIKit/interaction/MulticastDelegate.h"
-#include "platform/appkit/NSControl.h"
-#include "platform/appkit/NSTrackingArea.h"
 
 namespace bkuk {
 
@@ -28,7 +26,7 @@ class BKUKStatefulView : public NSControl, public BKUKCursorResponder, public BK
   using ActionBlock = std::function<void(BKUKStatefulView& view)>;
 
   using NSControl::NSControl;
-  /// A view with the archived frame.
+  /// A new view of no size: archives keep nothing of a view.
   [[nodiscard]] static Ref<BKUKStatefulView> decoded(NSCoder& coder);
   ~BKUKStatefulView() override;
 
@@ -112,8 +110,8 @@ class BKUKStatefulView : public NSControl, public BKUKCursorResponder, public BK
   // Keyboard
 
   /// Made on first use, as for a button.
-  [[nodiscard]] const Ref<BKUKKeyFocusController>& focus() override;
-  virtual void setFocus(Ref<BKUKKeyFocusController> focus) { focus_ = std::move(focus); }
+  [[nodiscard]] const Ref<BKUKKeyFocusController>& focus() override { return behavior_.focus(*this); }
+  virtual void setFocus(Ref<BKUKKeyFocusController> focus) { behavior_.setFocus(std::move(focus)); }
   [[nodiscard]] bool acceptsFirstResponder() const override { return isEnabled(); }
   [[nodiscard]] bool canBecomeKeyView() const override;
   bool becomeFirstResponder() override;
@@ -132,7 +130,7 @@ class BKUKStatefulView : public NSControl, public BKUKCursorResponder, public BK
   void mouseExited(NSEvent& event) override;
   void updateTrackingAreas() override;
   /// The one area that the view owns; absent while it needs none.
-  [[nodiscard]] const Ref<NSTrackingArea>& trackingArea() const { return trackingArea_; }
+  [[nodiscard]] const Ref<NSTrackingArea>& trackingArea() const { return behavior_.trackingArea(); }
   void viewDidMoveToWindow() override;
 
   // Drawing
@@ -147,9 +145,7 @@ class BKUKStatefulView : public NSControl, public BKUKCursorResponder, public BK
   void didInit() override;
 
  private:
-  [[nodiscard]] bool isPointerInside() const;
   [[nodiscard]] bool isHittableAtPointer();
-  void removeOwnTrackingArea();
   void ignorePointer();
   [[nodiscard]] bool holdsTooltipWhileDisabled() const;
 
@@ -159,13 +155,12 @@ class BKUKStatefulView : public NSControl, public BKUKCursorResponder, public BK
   bool changesWhenNotHittable_ = false;
   ActionBlock actionBlock_;
   Ref<Delegates> delegates_;
-  Ref<NSTrackingArea> trackingArea_;
+  ControlBehavior behavior_;
   Ref<BKUKTooltipDisplaying> displayer_;
   Ref<NSObject> toolTipDisplayContext_;
   Ref<NSObject> toolTipCreationContext_;
   std::function<bool()> shouldShowTooltip_;
   Ref<BKUKShapeLayer> shapeLayer_;
-  Ref<BKUKKeyFocusController> focus_;
 };
 
 }  // namespace bkuk
