@@ -99,6 +99,7 @@ void CALayer::setBackgroundColor(const Ref<CGColor>& color) {
 }
 
 void CALayer::setContents(const Ref<CALayerContents>& contents) {
+  drawn_ = Drawn::no;
   change("contents", values_.contents, contents);
 }
 

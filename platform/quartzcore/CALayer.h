@@ -217,7 +217,9 @@ class CALayer : public NSObject {
 
   // Display
 
-  /// Asks for one `display` at the next commit, if the layer hangs in a window by then.
+  /// Asks for one `display` at the next commit, if the layer hangs in a window by then. A bitmap is drawn
+  /// then only in or near what the window shows, else when the layer comes there; it goes again with the
+  /// layer. Of a layer of too many pixels only that part is drawn.
   void setNeedsDisplay();
   [[nodiscard]] bool needsDisplay() const { return marks_.display; }
   /// Clears the mark and displays, now, when the layer is marked.
@@ -367,6 +369,13 @@ class CALayer : public NSObject {
     std::uint64_t treeVersion = 0;
     bool isFlipped = false;
   };
+  /// Where the contents come from.
+  enum class Drawn : std::uint8_t {
+    no,       ///< set, not drawn
+    wholly,   ///< into a bitmap of the whole bounds
+    partly,   ///< of the part in and near what the window shows
+    awaited,  ///< not yet, or no more: the layer is far from what the window shows
+  };
   struct Extras;
 
   [[nodiscard]] Ref<CAAction> actionForChange(std::string_view key);
@@ -380,6 +389,7 @@ class CALayer : public NSObject {
   void sizeDidChange(CGSize oldSize);
   void resizeSublayers(CGSize oldSize);
   void drawBitmap();
+  void keepDrawing(const Ref<CALayerContents>& contents, Drawn drawn);
 
   void insert(const Ref<CALayer>& layer, std::size_t index);
   void attach(CALayer& layer, bool asMask);
@@ -402,6 +412,7 @@ class CALayer : public NSObject {
   std::string name_;
   mutable Flip flip_;
   Marks marks_;
+  Drawn drawn_ = Drawn::no;
   bool isMask_ = false;
   bool isCommitted_ = false;
   bool isPresentation_ = false;

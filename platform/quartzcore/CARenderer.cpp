@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "platform/foundation/Fatal.h"
 #include "platform/quartzcore/CALayer.h"
@@ -43,6 +44,10 @@ class CARenderer::Core {
     damage.add(area());
   }
 
+  // Whether nothing changed since the last update but what that brought about.
+  [[nodiscard]] bool isUpToDate() const { return !root || !LayerAccess::marks(*root).renderBelow; }
+  void update();
+  void drawWhatCameInSight();
   void repaint(double time);
   void repaint(const PixelRect& rect, double time, ScenePainter& painter);
   void countPaintedLayers();
@@ -53,12 +58,26 @@ class CARenderer::Core {
   host::Bitmap image;
   DamageRegion damage;
   DamageRegion presented;
+  LayerUpdate::Layers cameInSight;
   Scene scene;
   std::vector<const CALayer*> paintedLayers;
   std::size_t paintedLayerCount = 0;
   std::function<void()> changeHandler;
   bool isCommitting = false;
 };
+
+void CARenderer::Core::update() {
+  if (isUpToDate() || image.isEmpty()) return;
+  LayerUpdate(area(), LayerAnimator::shared().time(), damage, cameInSight).run(*root, toDevice());
+}
+
+void CARenderer::Core::drawWhatCameInSight() {
+  update();
+  const auto waiting = std::exchange(cameInSight, {});
+  for (const auto& layer : waiting) {
+    if (root && layer->isDescendantOf(root.get())) LayerAccess::displayAgain(*layer);
+  }
+}
 
 void CARenderer::Core::repaint(double time) {
   paintedLayers.clear();
@@ -87,11 +106,13 @@ void CARenderer::Core::countPaintedLayers() {
   paintedLayerCount = static_cast<std::size_t>(end - paintedLayers.begin());
 }
 
-CARenderer::CARenderer() : core_(std::make_unique<Core>()) { RendererList::shared().add(*this); }
+CARenderer::CARenderer() : core_(std::make_shared<Core>()) { RendererList::shared().add(*this); }
 
 CARenderer::~CARenderer() {
   RendererList::shared().remove(*this);
   if (core_->root) LayerAccess::setRenderer(*core_->root, nullptr);
+  ++CALayer::treeVersion_;
+  core_->root = nullptr;  // a commit that this ends goes on with the core
 }
 
 void CARenderer::setLayer(Ref<CALayer> root) {
@@ -123,6 +144,8 @@ host::PixelSize CARenderer::size() const { return core_->size; }
 
 double CARenderer::scale() const { return core_->scale; }
 
+CGAffineTransform CARenderer::toDevice() const { return core_->toDevice(); }
+
 void CARenderer::setChangeHandler(std::function<void()> handler) {
   core_->changeHandler = std::move(handler);
 }
@@ -131,36 +154,39 @@ void CARenderer::treeDidChange() {
   if (core_->changeHandler) core_->changeHandler();
 }
 
-bool CARenderer::needsCommit() const { return core_->root && LayerAccess::marks(*core_->root).commitBelow; }
+bool CARenderer::needsCommit() const {
+  if (!core_->root) return false;
+  return LayerAccess::marks(*core_->root).commitBelow || (!core_->isUpToDate() && !core_->image.isEmpty());
+}
 
 void CARenderer::commit() {
   if (!core_->root || core_->isCommitting) return;
-  const auto root = core_->root;
-  core_->isCommitting = true;
+  const auto core = core_;
+  const auto root = core->root;
+  core->isCommitting = true;
   layoutMarked(*root);
   displayMarked(*root);
-  core_->isCommitting = false;
-  LayerAnimator::shared().start(*this);
+  if (core->root) LayerAnimator::shared().start(*this);
+  if (core->root) core->drawWhatCameInSight();
+  core->isCommitting = false;
 }
 
 void CARenderer::setNeedsRenderAll() {
+  ++CALayer::treeVersion_;
   core_->damageAll();
   if (core_->root) LayerAccess::markRender(*core_->root, LayerAccess::Effect::rearrange);
   treeDidChange();
 }
 
-bool CARenderer::hasDamage() const {
-  return !core_->damage.isEmpty() || (core_->root && LayerAccess::marks(*core_->root).renderBelow);
-}
+bool CARenderer::hasDamage() const { return !core_->damage.isEmpty() || !core_->isUpToDate(); }
 
 std::span<const host::PixelRect> CARenderer::render() {
   auto& core = *core_;
   core.presented.clear();
   if (!hasDamage() || core.image.isEmpty()) return {};
-  const auto time = LayerAnimator::shared().time();
-  if (core.root) LayerUpdate(core.area(), time, core.damage).run(*core.root, core.toDevice());
+  core.update();
   if (core.damage.isEmpty()) return {};
-  core.repaint(time);
+  core.repaint(LayerAnimator::shared().time());
   std::swap(core.damage, core.presented);
   core.damage.clear();
   return core.presented.rects();

@@ -12,6 +12,7 @@
 namespace bkuk {
 
 class CALayer;
+struct CGAffineTransform;
 
 /// Brings the layers of one window into an image, repainting only what changed.
 ///
@@ -37,17 +38,19 @@ class CARenderer {
   void setSize(host::PixelSize size, double scale);
   [[nodiscard]] host::PixelSize size() const;
   [[nodiscard]] double scale() const;
+  /// From the root's superspace to the pixels of the image, y down.
+  [[nodiscard]] CGAffineTransform toDevice() const;
 
   /// Called once when the first change of a layer after a commit and a render asks for the next ones,
   /// from inside the change: it should only ask for a turn of the run loop.
   void setChangeHandler(std::function<void()> handler);
 
-  /// Whether a layer of the tree is marked for layout or display, or an animation waits for its start.
-  /// Cheap.
+  /// Whether a layer of the tree is marked for layout or display, or changed, so that another may have come
+  /// into sight, or an animation waits for its start. Cheap.
   [[nodiscard]] bool needsCommit() const;
   /// One pass: lays out the marked layers, superlayers first, displays the marked layers, superlayers
-  /// first, and starts the animations that were added. Marks set by the display are served in the next
-  /// pass. Delegates may do what they like meanwhile, but for destroying this renderer.
+  /// first, starts the animations that were added, and draws what came into sight. Marks set by the display
+  /// are served in the next pass. Delegates may do what they like meanwhile, also destroy this renderer.
   void commit();
 
   /// Makes the next `render` paint everything.
@@ -68,7 +71,7 @@ class CARenderer {
 
   void treeDidChange();
 
-  std::unique_ptr<Core> core_;
+  std::shared_ptr<Core> core_;
 };
 
 }  // namespace bkuk

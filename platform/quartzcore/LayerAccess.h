@@ -29,6 +29,14 @@ class LayerAccess {
   static bool cutsPaintToBounds(const CALayer& layer) { return layer.cutsPaintToBounds(); }
   static void paint(const CALayer& layer, CGContext& context) { layer.paint(context); }
 
+  using Drawn = CALayer::Drawn;
+  static Drawn drawn(const CALayer& layer) { return layer.drawn_; }
+  static bool isMask(const CALayer& layer) { return layer.isMask_; }
+  /// Lets the bitmap go until the layer comes into sight again.
+  static void dropDrawing(CALayer& layer);
+  /// Displays, marked or not.
+  static void displayAgain(CALayer& layer);
+
   /// The layer as it is shown at `time`: its presentation copy while it animates, else itself.
   static Ref<const CALayer> shown(const CALayer& layer, double time);
 

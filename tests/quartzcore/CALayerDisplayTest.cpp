@@ -1,3 +1,5 @@
+#include <algorithm>
+#include <cmath>
 #include <functional>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -192,18 +194,98 @@ TEST_F(CALayerDisplay, LayoutIfNeededStartsAtTheFarthestMarkedSuperlayer) {
   EXPECT_EQ(delegate->calls.size(), 2U);
 }
 
-TEST_F(CALayerDisplay, AnEnormousLayerIsDrawnAtALowerScale) {
+// Many rows of 10 points in a list that scrolls, in a window that shows four of them.
+struct LayersInSight : CALayerDisplay {
+  LayersInSight() {
+    window.root->setSublayers({});
+    list = window.add({0, 0, 40, 1000});
+    delegate->handlesDisplay = false;
+    delegate->onDraw = [this](CGContext& context) {
+      ++draws;
+      context.setFillColor(red());
+      context.fill(context.boundingBoxOfClipPath());
+    };
+    for (int i = 0; i < 100; ++i) {
+      rows.push_back(window.add({0, i * 10.0, 40, 10}, nullptr, list));
+      rows.back()->setDelegate(delegate.get());
+      rows.back()->setNeedsDisplay();
+    }
+    window.update();
+  }
+
+  void scrollTo(double y) {
+    list->setPosition({20, 500 - y});
+    window.update();
+  }
+  [[nodiscard]] long kept() const {
+    return std::ranges::count_if(rows, [](const auto& row) { return row->contents() != nullptr; });
+  }
+
+  Ref<CALayer> list;
+  std::vector<Ref<CALayer>> rows;
+  int draws = 0;
+};
+
+TEST_F(LayersInSight, AreDrawnOnceAndLetGoOfTheirBitmapsWhenTheyLeave) {
+  EXPECT_EQ(draws, 6) << "four that show, and half of that above";
+  for (int y = 0; y <= 960; y += 3) {
+    scrollTo(y);
+    for (int row = 0; row < 40; ++row) ASSERT_EQ(window.pixel(20, row), redPixel) << y;
+    ASSERT_LE(kept(), 13) << y;
+  }
+  EXPECT_EQ(draws, 100);
+  for (int i = 0; i < 20; ++i) scrollTo(960 - i % 3 * 5);
+  EXPECT_EQ(draws, 100) << "going to and fro draws nothing again";
+  scrollTo(0);
+  EXPECT_EQ(draws, 106);
+  EXPECT_EQ(kept(), 6);
+}
+
+TEST_F(LayersInSight, AreDrawnWhenTheyAreMarkedOutOfSightAndThenComeThere) {
+  rows[50]->setNeedsDisplay();
+  window.update();
+  EXPECT_EQ(draws, 6);
+  delegate->onDraw = nullptr;
+  scrollTo(500);
+  EXPECT_EQ(rows[50]->contents(), nullptr);
+  EXPECT_EQ(std::ranges::count(delegate->calls, "draw "), 6 + 8);
+}
+
+TEST_F(LayersInSight, AreThoseThatNoSuperlayerCutsOff) {
+  const auto view = window.add({0, 0, 40, 10});
+  view->setMasksToBounds(true);
+  view->addSublayer(list);
+  window.root->setGeometryFlipped(true);
+  window.update();
+  EXPECT_EQ(kept(), 2) << "the view shows one row, and half of one on either side";
+  scrollTo(300);
+  EXPECT_EQ(window.pixel(20, 5), redPixel);
+  EXPECT_EQ(draws, 6 + 3);
+}
+
+TEST_F(CALayerDisplay, AnEnormousLayerIsDrawnInFullScaleWhereItIsSeen) {
+  int draws = 0;
   delegate->handlesDisplay = false;
-  delegate->onDraw = [](CGContext& context) {
-    context.setFillColor(red());
-    context.fill({-1e9, -1e9, 2e9, 2e9});
+  delegate->onDraw = [&](CGContext& context) {
+    ++draws;
+    const auto area = context.boundingBoxOfClipPath();
+    for (auto x = std::floor(area.minX()); x < area.maxX(); ++x) {
+      context.setFillColor(static_cast<int>(x) % 2 ? red() : green());
+      context.fill({x, -1e9, 1, 2e9});
+    }
   };
+  outer->setFrame({0, 0, 40, 40});
   inner->setBounds({0, 0, 1e6, 10});
   inner->setNeedsDisplay();
+  for (const int x : {11, 500000, 999960}) {
+    inner->setPosition({500000. - x, 10});
+    window.update();
+    for (int i = 0; i < 40; ++i) ASSERT_EQ(window.pixel(i, 30), (x + i) % 2 ? redPixel : greenPixel) << x;
+    EXPECT_LE(inner->contents()->bitmap().size().width, 80);
+  }
+  inner->setPosition({500000. - 999950, 10});
   window.update();
-  ASSERT_NE(inner->contents(), nullptr);
-  EXPECT_LE(inner->contents()->bitmap().size().width, host::Bitmap::maxSide);
-  EXPECT_EQ(window.pixel(20, 30), redPixel);
+  EXPECT_EQ(draws, 3) << "what was near is there already";
 }
 
 }  // namespace

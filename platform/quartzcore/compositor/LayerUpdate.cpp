@@ -5,6 +5,7 @@
 #include "platform/quartzcore/LayerAccess.h"
 #include "platform/quartzcore/LayerGeometry.h"
 #include "platform/quartzcore/compositor/LayerShadow.h"
+#include "platform/quartzcore/compositor/LayerSight.h"
 #include "platform/quartzcore/compositor/SublayerIndex.h"
 
 namespace bkuk {
@@ -61,12 +62,22 @@ bool hasVisibleContents(const CALayer& shown) {
   return shown.contents() && !shown.contents()->bitmap().isEmpty();
 }
 
+// What a layer has from its superlayers.
+struct LayerUpdate::Around {
+  CGAffineTransform toDevice;
+  PixelRect clip;
+  PixelRect sight;  // what is in or near the visible part
+  bool wholly = false;
+  bool isFlipped = false;
+};
+
 struct LayerUpdate::Visit {
   CALayer* layer;
   Ref<const CALayer> shown;
   LayerBox box;
-  PixelRect clip;  // of the layer itself
-  bool wholly;     // everything below moved along
+  PixelRect clip;   // of the layer itself
+  PixelRect sight;  // for its sublayers
+  bool wholly;      // everything below moved along
   bool repaints;
   bool isFlipped;
   bool sublayersMoved = false;
@@ -80,13 +91,13 @@ struct LayerUpdate::Visit {
   }
 };
 
-LayerUpdate::LayerUpdate(const PixelRect& image, double time, DamageRegion& damage)
-    : image_(image), time_(time), damage_(damage) {}
+LayerUpdate::LayerUpdate(const PixelRect& image, double time, DamageRegion& damage, Layers& cameInSight)
+    : image_(image), time_(time), damage_(damage), cameInSight_(cameInSight) {}
 
 LayerUpdate::~LayerUpdate() = default;
 
 void LayerUpdate::run(CALayer& root, const CGAffineTransform& toDevice) {
-  enter(root, toDevice, image_, false, false);
+  enter(root, {.toDevice = toDevice, .clip = image_, .sight = sightAround(image_)});
   while (!visits_.empty()) {
     auto& visit = visits_.back();
     auto* sublayer = visit.nextSublayer();
@@ -96,31 +107,49 @@ void LayerUpdate::run(CALayer& root, const CGAffineTransform& toDevice) {
       continue;
     }
     // Entering may move the visits.
-    const auto parentToDevice = visit.box.toDevice;
-    enter(*sublayer, parentToDevice, LayerAccess::record(*visit.layer).inside, visit.wholly, visit.isFlipped);
+    const Around around{visit.box.toDevice, LayerAccess::record(*visit.layer).inside, visit.sight,
+                        visit.wholly, visit.isFlipped};
+    enter(*sublayer, around);
   }
 }
 
-void LayerUpdate::enter(CALayer& layer, const CGAffineTransform& parentToDevice, const PixelRect& clip,
-                        bool wholly, bool isFlipped) {
+void LayerUpdate::enter(CALayer& layer, const Around& around) {
   auto& marks = LayerAccess::marks(layer);
   auto& record = LayerAccess::record(layer);
   damage(std::exchange(record.left, {}));
-  if (marks.rearrange && !wholly) damage(record.subtree);
+  if (marks.rearrange && !around.wholly) damage(record.subtree);
   if (layer.mask()) clearMarksBelow(*layer.mask());
   auto shown = LayerAccess::shown(layer, time_);
   if (!isVisible(*shown)) return leaveInvisible(layer);
-  const LayerBox box(*shown, transformToSuperlayer(*shown).concatenating(parentToDevice));
+  const LayerBox box(*shown, transformToSuperlayer(*shown).concatenating(around.toDevice));
   if (!box.isPlaced) return leaveInvisible(layer);
-  isFlipped = isFlipped != shown->isGeometryFlipped();
-  const auto inside = innerClip(*shown, box, clip, isFlipped);
+  const bool isFlipped = around.isFlipped != shown->isGeometryFlipped();
+  const auto inside = innerClip(*shown, box, around.clip, isFlipped);
   // Another shadow reaches for other parts of the sublayers.
-  if (std::exchange(record.inside, inside) != inside && !marks.rearrange && !wholly) {
+  if (std::exchange(record.inside, inside) != inside && !marks.rearrange && !around.wholly) {
     marks.rearrange = true;
     damage(record.subtree);
   }
-  visits_.push_back({&layer, shown, box, clip, wholly || marks.rearrange, marks.repaint, isFlipped});
+  followSight(layer, box, around, isFlipped);
+  visits_.push_back({&layer, shown, box, around.clip, sightInside(*shown, box, around.sight, isFlipped),
+                     around.wholly || marks.rearrange, marks.repaint, isFlipped});
   marks.repaint = marks.rearrange = marks.renderBelow = false;
+}
+
+void LayerUpdate::followSight(CALayer& layer, const LayerBox& box, const Around& around, bool isFlipped) {
+  using Drawn = LayerAccess::Drawn;
+  const auto drawn = LayerAccess::drawn(layer);
+  if (drawn == Drawn::no) return;
+  if (drawn == Drawn::awaited) {
+    if (intersects(box.rect, around.sight)) cameInSight_.emplace_back(&layer);
+    return;
+  }
+  if (!layer.contents()) return;
+  if (!intersects(box.rect, whereBitmapsAreKept(around.sight))) return LayerAccess::dropDrawing(layer);
+  if (drawn == Drawn::wholly) return;
+  const auto visible = boundsWithin(box, around.clip);
+  const bool isDrawn = visible.isEmpty() || boundsDrawn(layer, isFlipped).insetBy(-1, -1).contains(visible);
+  if (!isDrawn) cameInSight_.emplace_back(&layer);
 }
 
 void LayerUpdate::leaveInvisible(CALayer& layer) {

@@ -10,8 +10,11 @@ namespace bkuk {
 /// but changed layers, their superlayers and what moved along with them, and takes their marks.
 class LayerUpdate {
  public:
-  /// `image`: the device pixels there are; `time`: for animations.
-  LayerUpdate(const PixelRect& image, double time, DamageRegion& damage);
+  using Layers = std::vector<Ref<CALayer>>;
+
+  /// `image`: the device pixels there are; `time`: for animations. Adds to `cameInSight` the layers whose
+  /// drawing waited for that, and lets go of the bitmaps of those that left.
+  LayerUpdate(const PixelRect& image, double time, DamageRegion& damage, Layers& cameInSight);
   ~LayerUpdate();
 
   /// `toDevice` maps the root's superspace to the device.
@@ -20,8 +23,10 @@ class LayerUpdate {
  private:
   struct Visit;
 
-  void enter(CALayer& layer, const CGAffineTransform& parentToDevice, const PixelRect& clip, bool wholly,
-             bool isFlipped);
+  struct Around;
+
+  void enter(CALayer& layer, const Around& around);
+  void followSight(CALayer& layer, const LayerBox& box, const Around& around, bool isFlipped);
   void leave(Visit& visit);
   void leaveInvisible(CALayer& layer);
   PixelRect updateBelow(const Visit& visit);
@@ -31,6 +36,7 @@ class LayerUpdate {
   PixelRect image_;
   double time_;
   DamageRegion& damage_;
+  Layers& cameInSight_;
   std::vector<Visit> visits_;
 };
 

@@ -37,7 +37,8 @@ bool needsClipGroup(const CALayer& shown, const LayerBox& box, const PixelRect& 
 // Calls `add` with the parts of an item that are surely opaque.
 void forOpaqueParts(const Scene::Item& item, const LayerBox& box, auto&& add) {
   if (item.kind == Scene::Item::Kind::contents) {
-    if (item.layer->isOpaque() && box.isAligned && item.alpha == 1) add(intersect(box.rect, item.rect));
+    const bool fillsBox = item.layer->isOpaque() && !item.layer->contents()->isPart();
+    if (fillsBox && box.isAligned && item.alpha == 1) add(intersect(box.rect, item.rect));
     return;
   }
   if (item.kind != Scene::Item::Kind::fill || alphaOf(item.color) != 255 || !box.isUniform) return;

@@ -28,7 +28,7 @@ bool isUpright(const LayerBox& box, bool isFlipped) {
 // Whether the bitmap's pixels can be copied as they are.
 bool fallsOnPixels(const CALayerContents& contents, const LayerBox& box, bool isFlipped) {
   if (!isUpright(box, isFlipped)) return false;
-  const auto size = contents.bitmap().size();
+  const auto size = contents.size();
   if (size.width == box.rect.width && size.height == box.rect.height) return true;
   // One row or column more or less comes from rounding the box's edges.
   return box.isUniform && std::abs(contents.scale() - box.scale) <= box.scale * 1e-6 &&
@@ -45,6 +45,15 @@ CGAffineTransform imageToDevice(const LayerBox& box, bool isFlipped) {
   const CGAffineTransform toBounds{
       1, 0, 0, isFlipped ? -1.0 : 1.0, bounds.minX(), isFlipped ? bounds.maxY() : bounds.minY()};
   return toBounds.concatenating(box.toDevice);
+}
+
+// Where the bitmap lies in the bounds, above their lower left corner.
+CGRect placeOf(const CALayerContents& contents, const CGRect& bounds) {
+  const auto whole = contents.size();
+  const auto part = contents.bitmap().size();
+  const auto x = bounds.width() / whole.width;
+  const auto y = bounds.height() / whole.height;
+  return {contents.x() * x, (whole.height - contents.y() - part.height) * y, part.width * x, part.height * y};
 }
 
 void clipToBox(CGContext& context, const CALayer& layer, const LayerBox& box) {
@@ -163,12 +172,13 @@ void ScenePainter::paintContents(const Item& item, const LayerBox& box) {
   const auto& contents = *item.layer->contents();
   if (fallsOnPixels(contents, box, item.isFlipped)) {
     return RoundedBoxRaster(top().pixels, item.rect)
-        .image({box.rect, 0, 0}, contents.bitmap(), box.rect.x, box.rect.y, toByte(item.alpha));
+        .image({box.rect, 0, 0}, contents.bitmap(), box.rect.x + contents.x(), box.rect.y + contents.y(),
+               toByte(item.alpha));
   }
   paintByTiles(item, box, [&](CGContext& context) {
     context.concatenate(imageToDevice(box, item.isFlipped));
     context.setAlpha(item.alpha);
-    context.drawBitmap(contents.bitmap(), {0, 0, box.bounds.width(), box.bounds.height()});
+    context.drawBitmap(contents.bitmap(), placeOf(contents, box.bounds));
   });
 }
 
