@@ -128,6 +128,11 @@ const Ref<BKUKShapeLayer>& BKUKStatefulView::shapeLayer() {
   return shapeLayer_;
 }
 
+void BKUKStatefulView::didMakeBackingLayer() {
+  NSControl::didMakeBackingLayer();
+  if (shapeLayer_) addShapeLayerInto(*layer());
+}
+
 void BKUKStatefulView::addShapeLayerInto(CALayer& layer) {
   shapeLayer()->setFrame(layer.bounds());
   layer.addSublayer(shapeLayer());
@@ -274,13 +279,18 @@ void BKUKStatefulView::viewDidMoveToWindow() {
 // Drawing
 
 void BKUKStatefulView::updateLayer() {
+  // None where a subclass took the view out before it called this.
+  if (!layer()) return;
+  const auto markShape = [](const Ref<CALayer>& each) {
+    if (as<BKUKShapeLayer>(each)) each->setNeedsDisplay();
+  };
   const bool isBare = layer()->sublayers().empty() && !layer()->mask();
-  if (isBare) return;
+  if (isBare) return markShape(layer());
   std::vector<Ref<CALayer>> waiting{layer()};
   while (!waiting.empty()) {
     const Ref<CALayer> each = std::move(waiting.back());
     waiting.pop_back();
-    if (as<BKUKShapeLayer>(each)) each->setNeedsDisplay();
+    markShape(each);
     const auto& below = each->sublayers();
     waiting.insert(waiting.end(), below.rbegin(), below.rend());
     if (each->mask()) waiting.push_back(each->mask());

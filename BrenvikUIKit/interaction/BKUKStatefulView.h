@@ -143,6 +143,8 @@ class BKUKStatefulView : public NSControl, public BKUKCursorResponder, public BK
 
  protected:
   void didInit() override;
+  /// Puts in a shape layer that was asked for before.
+  void didMakeBackingLayer() override;
 
  private:
   [[nodiscard]] bool isHittableAtPointer();

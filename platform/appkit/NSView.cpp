@@ -358,7 +358,9 @@ Ref<CALayer> NSView::makeBackingLayer() { return make<CALayer>(); }
 
 void NSView::makeLayer() {
   if (layer_) return;
+  const Ref<NSView> self(this);
   layer_ = makeBackingLayer();
+  if (!layer_) fatal("makeBackingLayer answered no layer; return make<CALayer>() or the superclass's", unit);
   layer_->setDelegate(this);
   layer_->setAnchorPoint({0, 0});
   layer_->setHidden(hidden_);
@@ -371,6 +373,7 @@ void NSView::makeLayer() {
   for (const auto& view : subviews_) {
     if (view->layer_) adoptLayerOfSubview(*view);
   }
+  didMakeBackingLayer();
 }
 
 void NSView::dropLayerUnlessWanted() {
@@ -384,7 +387,11 @@ void NSView::dropLayerUnlessWanted() {
 }
 
 void NSView::adoptLayerOfSubview(NSView& view) {
-  if (!layer_) return;
+  if (!layer_) {
+    // It may come from a superview that has one.
+    if (view.layer_) view.layer_->removeFromSuperlayer();
+    return view.dropLayerUnlessWanted();
+  }
   view.makeLayer();
   // Behind the next sibling's layer, so that layers stand in the order of their views; in front of
   // everything else, so that layers added by hand at the bottom stay there.
@@ -463,7 +470,8 @@ bool NSView::displayLayer(CALayer&) {
 
 void NSView::drawLayer(CALayer&, CGContext& context) {
   const NSGraphicsContextScope scope(make<NSGraphicsContext>(Ref<CGContext>(&context), isFlipped()));
-  draw(bounds());
+  const NSRect painted = context.boundingBoxOfClipPath();
+  draw(painted.contains(bounds()) ? bounds() : painted.intersection(bounds()));
 }
 
 std::optional<Ref<CAAction>> NSView::actionForLayer(CALayer&, std::string_view) {

@@ -181,7 +181,7 @@ class NSView : public NSResponder, public CALayerDelegate, public NSLayoutItem {
   void setWantsLayer(bool wants);
   /// None while the view has neither a window nor a superview with a layer nor wants one.
   [[nodiscard]] const Ref<CALayer>& layer() const { return layer_; }
-  /// Called once, when the view needs its layer.
+  /// Called once, when the view needs its layer. Answering none is a fatal error.
   [[nodiscard]] virtual Ref<CALayer> makeBackingLayer();
 
   /// True: `updateLayer` sets the layer's properties instead of `draw` painting into a bitmap.
@@ -275,6 +275,8 @@ class NSView : public NSResponder, public CALayerDelegate, public NSLayoutItem {
 
  protected:
   void didInit() override;
+  /// Called when the view has got its layer, with the layers of its subviews in it.
+  virtual void didMakeBackingLayer() {}
 
  private:
   friend class NSApplication;

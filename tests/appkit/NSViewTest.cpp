@@ -52,6 +52,76 @@ TEST(NSViewTree, LayersStandInTheOrderOfViewsAboveThoseAddedByHand) {
   EXPECT_THAT(parent->layer()->sublayers(), ElementsAre(byHand, front->layer()));
 }
 
+TEST(NSViewTree, AViewLeavesTheLayerOfItsOldSuperviewForOneWithout) {
+  const VirtualHostScope host;
+  const auto old = make<NSView>();
+  old->setWantsLayer(true);
+  const auto next = make<NSView>();
+  const auto plain = make<NSView>();
+  const auto layered = make<NSView>();
+  layered->setWantsLayer(true);
+  for (const auto& view : {plain, layered}) {
+    old->addSubview(view);
+    next->addSubview(view);
+  }
+  EXPECT_TRUE(old->layer()->sublayers().empty());
+  EXPECT_FALSE(plain->layer());
+  EXPECT_FALSE(layered->layer()->superlayer());
+  layered->addSubview(old);
+  EXPECT_THAT(layered->layer()->sublayers(), ElementsAre(old->layer()));
+}
+
+// Takes everything away from under itself while it is laid out or displayed.
+struct Vanishing : NSView {
+  using NSView::NSView;
+  bool wantsUpdateLayer() const override { return updates; }
+  void updateLayer() override { act(); }
+  void draw(NSRect) override { act(); }
+  void layout() override {
+    if (actsInLayout) act();
+  }
+  void act() {
+    if (const auto now = std::exchange(action, nullptr)) now();
+  }
+  bool updates = false;
+  bool actsInLayout = false;
+  std::function<void()> action;
+};
+
+TEST(NSViewTree, ViewsAndWindowsMayEndWhileTheyAreLaidOutOrDisplayed) {
+  const VirtualHostScope host;
+  for (int kind = 0; kind < 6; ++kind) {
+    auto window = make<NSWindow>(NSRect{0, 0, 100, 100}, NSWindowStyleMaskTitled);
+    auto view = make<Vanishing>(NSRect{0, 0, 50, 50});
+    view->updates = kind % 3 == 0;
+    view->actsInLayout = kind % 3 == 1;
+    window->contentView()->addSubview(view);
+    window->contentView()->addSubview(make<NSView>(NSRect{0, 0, 10, 10}));
+    view->action = [&, self = view.get(), closes = kind < 3] {
+      if (!closes) return self->removeFromSuperview();
+      window->close();
+      window = nullptr;
+    };
+    const Weak<NSView> weak(view.get());
+    view = nullptr;
+    window->orderFront();
+    host->settle();
+    EXPECT_FALSE(weak.lock()) << kind;
+    EXPECT_EQ(static_cast<bool>(window), kind >= 3);
+    if (window) window->close();
+  }
+}
+
+TEST(NSViewTree, AViewWithoutALayerToShowItStops) {
+  struct Bare : NSView {
+    Ref<CALayer> makeBackingLayer() override { return nullptr; }
+  };
+  const VirtualHostScope host;
+  const auto view = make<Bare>();
+  EXPECT_THAT(stopLine([&] { view->setWantsLayer(true); }).value_or(""),
+              testing::HasSubstr("makeBackingLayer"));
+}
+
 TEST(NSViewTree, AViewThatOutlivesItsSuperviewStandsAlone) {
   const VirtualHostScope host;
   const auto child = make<NSView>();

@@ -188,6 +188,31 @@ TEST_F(BKUKStatefulViewTest, EveryShapeBelowTheViewsLayerIsAskedToDisplay) {
   EXPECT_TRUE(mask->needsDisplay());
 }
 
+TEST_F(BKUKStatefulViewTest, AViewThatIsAShapeIsAskedTooAndOneWithoutALayerIsNot) {
+  struct Shaped : BKUKStatefulView {
+    Ref<CALayer> makeBackingLayer() override { return make<BKUKShapeLayer>(); }
+  };
+  const auto shaped = make<Shaped>();
+  shaped->updateLayer();
+  shaped->setWantsLayer(true);
+  shaped->layer()->displayIfNeeded();
+  EXPECT_FALSE(shaped->layer()->needsDisplay());
+  shaped->updateLayer();
+  EXPECT_TRUE(shaped->layer()->needsDisplay());
+}
+
+TEST_F(BKUKStatefulViewTest, AShapeAskedForBeforeTheLayerIsPutInWithIt) {
+  const auto early = make<BKUKStatefulView>(NSRect{0, 0, 30, 20});
+  ASSERT_TRUE(early->shape());
+  EXPECT_FALSE(early->shapeLayer()->superlayer());
+  for (int i = 0; i < 2; ++i) {
+    window->contentView()->addSubview(early);
+    EXPECT_EQ(early->shapeLayer()->superlayer(), early->layer());
+    EXPECT_EQ(early->shapeLayer()->frame(), early->bounds());
+    early->removeFromSuperview();
+  }
+}
+
 TEST_F(BKUKStatefulViewTest, TheRingsMaskIsTheShapeElseTheRoundedLayer) {
   view->focus()->setDrawFocusRing(false);
   view->layer()->setCornerRadius(20);
