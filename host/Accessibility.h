@@ -64,13 +64,13 @@ struct AccessibilityRange {
 /// What an assistive client may know of one element at this moment. Text is UTF-8.
 struct AccessibilityElement {
   AccessibilityRole role = AccessibilityRole::unknown;
-  std::string name;
-  std::string value;  ///< of those whose value is text
-  std::string help;
-  std::string identifier;  ///< for tests, never spoken
-  Rect frame;              ///< in screen points
-  std::optional<AccessibilityRange> range;
-  std::vector<AccessibilityAction> actions;
+  std::string name{};
+  std::string value{};  ///< of those whose value is text
+  std::string help{};
+  std::string identifier{};  ///< for tests, never spoken
+  Rect frame{};              ///< in screen points
+  std::optional<AccessibilityRange> range{};
+  std::vector<AccessibilityAction> actions{};
   bool isEnabled = true;
   bool isFocusable = false;
   bool isFocused = false;

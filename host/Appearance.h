@@ -14,7 +14,7 @@ struct Appearance {
   ColorScheme scheme = ColorScheme::unknown;
   bool highContrast = false;
   bool reducedMotion = false;
-  std::optional<Rgba> accent;  ///< the user's accent colour, where the desktop has one
+  std::optional<Rgba> accent{};  ///< the user's accent colour, where the desktop has one
   bool operator==(const Appearance&) const = default;
 };
 

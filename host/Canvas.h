@@ -46,25 +46,25 @@ struct Stroke {
   LineJoin join = LineJoin::miter;
   double miterLimit = 10;
   double dashPhase = 0;
-  std::span<const double> dashes;  ///< in user space, dash first; empty means a solid line
+  std::span<const double> dashes{};  ///< in user space, dash first; empty means a solid line
 };
 
 struct GradientStop {
   double location = 0;  ///< 0 to 1, rising
-  Rgba color;
+  Rgba color{};
 };
 
 /// A gradient in user space. Colours are interpolated without premultiplication.
 struct Gradient {
   enum class Kind { linear, radial };
   Kind kind = Kind::linear;
-  Point start;
-  Point end;
+  Point start{};
+  Point end{};
   double startRadius = 0;  ///< radial only
   double endRadius = 0;    ///< radial only
   bool extendsBefore = false;
   bool extendsAfter = false;
-  std::span<const GradientStop> stops;
+  std::span<const GradientStop> stops{};
 };
 
 /// Paints into one bitmap. The base space counts device pixels with y down; `concatenate` maps user

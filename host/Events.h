@@ -23,30 +23,30 @@ struct PointerEvent {
   /// `cancel` ends a press that no release will follow, because the window went away under it.
   enum class Kind { move, press, release, cancel, enter, leave };
   Kind kind = Kind::move;
-  Point position;
+  Point position{};
   PointerButton button = PointerButton::none;  ///< the one pressed or released; for a move the one held
-  Modifiers modifiers;
+  Modifiers modifiers{};
   double timestamp = 0;  ///< seconds on the host's clock
   int clickCount = 0;    ///< of a press or release: how many presses in quick succession at one place
 };
 
 struct WheelEvent {
-  Point position;
+  Point position{};
   double deltaX = 0;  ///< points; positive moves the content to the right
   double deltaY = 0;  ///< points; positive moves the content down
   bool precise = false;
-  Modifiers modifiers;
+  Modifiers modifiers{};
   double timestamp = 0;
 };
 
 struct KeyEvent {
   enum class Kind { press, release, modifiersChanged };
   Kind kind = Kind::press;
-  std::uint16_t keyCode = 0;         ///< Apple virtual key code, `unknownKeyCode` for keys without one
-  std::string characters;            ///< UTF-8
-  std::string unmodifiedCharacters;  ///< as if only shift were held
+  std::uint16_t keyCode = 0;           ///< Apple virtual key code, `unknownKeyCode` for keys without one
+  std::string characters{};            ///< UTF-8
+  std::string unmodifiedCharacters{};  ///< as if only shift were held
   bool isRepeat = false;
-  Modifiers modifiers;
+  Modifiers modifiers{};
   double timestamp = 0;
 };
 
@@ -64,7 +64,7 @@ struct ExposeEvent {
 
 /// The content's rectangle in screen points changed: by the user, the window manager or the program.
 struct FrameEvent {
-  Rect frame;
+  Rect frame{};
 };
 
 /// Device pixels per point changed.

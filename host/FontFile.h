@@ -14,12 +14,12 @@ namespace bkuk::host {
 /// One face of a font file: its tables, which point into the bytes of the file.
 struct FontFileFace {
   struct Table {
-    std::uint32_t tag;
-    std::span<const std::byte> bytes;
+    std::uint32_t tag{};
+    std::span<const std::byte> bytes{};
   };
   std::uint32_t kind = 0;  ///< the first four bytes of the face: what sort of outlines it has
-  std::vector<Table> tables;
-  std::string postScriptName;
+  std::vector<Table> tables{};
+  std::string postScriptName{};
 
   [[nodiscard]] std::span<const std::byte> table(std::string_view tag) const;
   [[nodiscard]] FontTables fontTables() const;

@@ -9,8 +9,8 @@ namespace bkuk::host {
 
 /// What a face that only other systems have would be asked for.
 struct FontStandIn {
-  std::string_view language;
-  FontWeight weight;
+  std::string_view language{};
+  FontWeight weight{};
 };
 
 /// Absent for names that belong to no such face.

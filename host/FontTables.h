@@ -13,17 +13,17 @@ namespace bkuk::host {
 /// The tables of an OpenType face that say what it is called and how large it is. A table that the face
 /// lacks is empty.
 struct FontTables {
-  std::span<const std::byte> head;
-  std::span<const std::byte> hhea;
-  std::span<const std::byte> os2;
-  std::span<const std::byte> post;
-  std::span<const std::byte> name;
+  std::span<const std::byte> head{};
+  std::span<const std::byte> hhea{};
+  std::span<const std::byte> os2{};
+  std::span<const std::byte> post{};
+  std::span<const std::byte> name{};
 };
 
 /// The metrics of a face in its own units, and how many of those make an em.
 struct FaceMetrics {
   double unitsPerEm = 0;
-  FontMetrics units;
+  FontMetrics units{};
   /// Old faces do not tell these two; then they are 0 and their letters tell.
   bool hasLetterHeights = false;
   /// 1 to 1000; 400 where the face does not tell.

@@ -27,8 +27,8 @@ enum class ImageFault {
 
 /// A picture from the bytes of a file: pixels or a drawing, or what is wrong with it.
 struct DecodedImage {
-  Bitmap pixels;
-  std::shared_ptr<const ScalableImage> drawing;
+  Bitmap pixels{};
+  std::shared_ptr<const ScalableImage> drawing{};
   ImageFault fault = ImageFault::none;
 };
 

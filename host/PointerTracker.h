@@ -9,8 +9,8 @@ namespace bkuk::host {
 
 /// What a desktop reports with every pointer event.
 struct PointerSample {
-  Point position;  ///< in points of the window's content
-  Modifiers modifiers;
+  Point position{};  ///< in points of the window's content
+  Modifiers modifiers{};
   double timestamp = 0;  ///< seconds on the host's clock
 };
 

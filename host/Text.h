@@ -23,7 +23,7 @@ struct FontMetrics {
   double underlinePosition = 0;  ///< negative below the baseline
   double underlineThickness = 0;
   double italicAngle = 0;  ///< degrees, counter-clockwise from upright
-  Rect bounds;             ///< around all glyphs set at one place; its y runs up from the baseline
+  Rect bounds{};           ///< around all glyphs set at one place; its y runs up from the baseline
 };
 
 enum class TextDirection { leftToRight, rightToLeft };
@@ -111,7 +111,7 @@ struct TextRun {
 struct FontRegistration {
   enum class Status { registered, missingFile, notAFont, registeredBefore };
   Status status = Status::notAFont;
-  std::vector<std::string> names;  ///< the PostScript names of the faces that are new
+  std::vector<std::string> names{};  ///< the PostScript names of the faces that are new
 };
 
 class Fonts {

@@ -26,7 +26,7 @@ struct WindowOptions {
   bool acceptsFocus = true;
   bool ignoresPointer = false;
   Window* parent = nullptr;  ///< the window that this one belongs to; must outlive it
-  Rect frame;                ///< of the content, in screen points
+  Rect frame{};              ///< of the content, in screen points
 };
 
 /// Hears what happens to one window. `Host::dispatchEvent` is the only caller, so a client is never

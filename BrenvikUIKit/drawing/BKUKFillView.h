@@ -1,5 +1,6 @@
 #pragma once
 
+#include <concepts>
 #include <optional>
 #include <vector>
 
@@ -21,12 +22,12 @@ class BKUKFillView : public NSView {
   class Style;
   /// What `Style::apply` replaces; what is absent stays as it is.
   struct Look {
-    Ref<NSColor> background;
-    std::optional<BKUKCornerSettings> corner;
-    std::optional<unsigned> cornerMask;  ///< a sum of `CACornerMask` bits
-    Ref<NSColor> borderColor;
-    std::optional<CGFloat> borderWidth;  ///< points
-    std::optional<BKUKShadowSettings> shadow;
+    Ref<NSColor> background{};
+    std::optional<BKUKCornerSettings> corner{};
+    std::optional<unsigned> cornerMask{};  ///< a sum of `CACornerMask` bits
+    Ref<NSColor> borderColor{};
+    std::optional<CGFloat> borderWidth{};  ///< points
+    std::optional<BKUKShadowSettings> shadow{};
   };
 
   explicit BKUKFillView(NSRect frame = {});
@@ -104,5 +105,12 @@ class BKUKFillView::Style : public NSObject {
   CGFloat borderWidth_ = 0;
   BKUKShadowSettings shadow_;
 };
+
+/// Also takes the look in braces: `make<BKUKFillView>({.background = color})`.
+template <std::derived_from<BKUKFillView> View>
+requires std::constructible_from<View, const BKUKFillView::Look&>
+[[nodiscard]] Ref<View> make(const BKUKFillView::Look& look) {
+  return make<View, const BKUKFillView::Look&>(look);
+}
 
 }  // namespace bkuk

@@ -10,8 +10,8 @@ namespace bkuk {
 
 /// The colours of a gradient and where on the way from 0 to 1 they lie.
 struct BKUKGradient {
-  std::vector<Ref<NSColor>> colors;
-  std::optional<std::vector<CGFloat>> locations;  ///< one for each colour; absent spreads them evenly
+  std::vector<Ref<NSColor>> colors{};
+  std::optional<std::vector<CGFloat>> locations{};  ///< one for each colour; absent spreads them evenly
 
   /// What the colours are at this moment.
   [[nodiscard]] std::vector<Ref<CGColor>> cgColors() const;

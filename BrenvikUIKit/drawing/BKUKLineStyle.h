@@ -13,16 +13,16 @@ namespace bkuk {
 
 /// How a line is stroked, with its dashes and its shadow. Lengths are in points.
 struct BKUKLineStyle {
-  Ref<NSColor> color;  ///< absent for no stroke
+  Ref<NSColor> color{};  ///< absent for no stroke
   CGFloat width = 0;
   CGLineCap cap = CGLineCap::butt;
-  std::optional<std::vector<CGFloat>> pattern;  ///< dashes and spaces, dash first
-  CGFloat phase = 0;                            ///< how far into the pattern the line starts
-  bool enablePatternCorrection = true;          ///< kept for its owner; drawing does not depend on it
+  std::optional<std::vector<CGFloat>> pattern{};  ///< dashes and spaces, dash first
+  CGFloat phase = 0;                              ///< how far into the pattern the line starts
+  bool enablePatternCorrection = true;            ///< kept for its owner; drawing does not depend on it
   BKUKLinePatternModification patternModification = BKUKLinePatternModification::resizeSpaceBetweenPatterns;
-  std::optional<std::int64_t> patternCount;  ///< at most so many patterns on the line
-  Ref<NSColor> shadowColor;
-  CGSize shadowOffset;
+  std::optional<std::int64_t> patternCount{};  ///< at most so many patterns on the line
+  Ref<NSColor> shadowColor{};
+  CGSize shadowOffset{};
   CGFloat shadowRadius = 0;
   CGFloat shadowOpacity = 1;
 

@@ -11,9 +11,9 @@ namespace bkuk {
 struct BKUKLinearGradientSettings {
   class Directions;
 
-  BKUKGradient gradient;
-  CGPoint startPoint;
-  CGPoint endPoint;
+  BKUKGradient gradient{};
+  CGPoint startPoint{};
+  CGPoint endPoint{};
   CGFloat opacity = 1;
 
   void setStartEndPoint(const Directions& direction);

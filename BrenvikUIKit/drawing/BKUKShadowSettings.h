@@ -9,7 +9,7 @@ namespace bkuk {
 struct BKUKShadowSettings {
   Ref<NSColor> color = NSColor::clear();
   CGFloat radius = 0;  ///< of the blur
-  CGSize offset;
+  CGSize offset{};
   CGFloat opacity = 1;  ///< takes the place of the colour's own alpha
 
   [[nodiscard]] static const BKUKShadowSettings& noShadow();

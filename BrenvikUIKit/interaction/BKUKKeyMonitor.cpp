@@ -28,7 +28,14 @@ void BKUKKeyMonitor::deactivate() {
   window_ = nullptr;
 }
 
-void BKUKKeyMonitor::setAction(std::uint16_t key, Action action) { actions_[key] = std::move(action); }
+void BKUKKeyMonitor::setAction(std::uint16_t key, Action action) {
+  if (!action) return removeAction(key);
+  actions_[key] = std::move(action);
+}
+
+void BKUKKeyMonitor::setAction(std::initializer_list<std::uint16_t> keys, const Action& action) {
+  setAction(std::span(keys.begin(), keys.size()), action);
+}
 
 void BKUKKeyMonitor::setAction(std::span<const std::uint16_t> keys, const Action& action) {
   for (const auto key : keys) setAction(key, action);

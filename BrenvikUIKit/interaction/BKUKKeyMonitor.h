@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <initializer_list>
 #include <map>
 #include <span>
 
@@ -48,8 +49,9 @@ class BKUKKeyMonitor : public NSObject {
   /// Takes it off again. Harmless for an inactive one.
   void deactivate();
 
-  /// Replaces the key's action.
+  /// Replaces the key's action; an absent one removes it.
   void setAction(std::uint16_t key, Action action);
+  void setAction(std::initializer_list<std::uint16_t> keys, const Action& action);
   void setAction(std::span<const std::uint16_t> keys, const Action& action);
   void removeAction(std::uint16_t key);
   /// The key's action, or null.

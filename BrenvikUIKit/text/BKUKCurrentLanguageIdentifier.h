@@ -8,8 +8,8 @@ namespace bkuk {
 /// The user's preferred language ("zh", in lower case) and region ("CN", as written), of the tag
 /// "zh-Hans-CN".
 struct BKUKLanguageIdentifier {
-  std::optional<std::string> language;
-  std::optional<std::string> region;
+  std::optional<std::string> language{};
+  std::optional<std::string> region{};
 
   bool operator==(const BKUKLanguageIdentifier&) const = default;
 };

@@ -20,8 +20,8 @@ class BKUKSimpleXMLParser {
  public:
   /// A tag that is recognised.
   struct XMLTag {
-    NSString tagName;
-    NSString tag;            ///< with its brackets
+    NSString tagName{};
+    NSString tag{};          ///< with its brackets
     std::size_t length = 0;  ///< of `tag`, in UTF-16 units
     bool isClosingTag = false;
   };

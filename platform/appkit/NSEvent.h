@@ -48,18 +48,18 @@ class NSEvent : public NSObject {
   /// The values of an event; those that its type has no use for stay as they are here.
   struct Fields {
     NSEventType type = NSEventType::mouseMoved;
-    Ref<NSWindow> window;      ///< absent for events without one
-    NSPoint locationInWindow;  ///< base coordinates of the window, points
+    Ref<NSWindow> window{};      ///< absent for events without one
+    NSPoint locationInWindow{};  ///< base coordinates of the window, points
     NSEventModifierFlags modifierFlags = 0;
-    double timestamp = 0;                     ///< seconds on the host's clock
-    int clickCount = 0;                       ///< of a press or release
-    std::uint16_t keyCode = 0;                ///< Apple virtual key code
-    std::string characters;                   ///< UTF-8
-    std::string charactersIgnoringModifiers;  ///< as if only shift were held
+    double timestamp = 0;                       ///< seconds on the host's clock
+    int clickCount = 0;                         ///< of a press or release
+    std::uint16_t keyCode = 0;                  ///< Apple virtual key code
+    std::string characters{};                   ///< UTF-8
+    std::string charactersIgnoringModifiers{};  ///< as if only shift were held
     bool isARepeat = false;
-    CGFloat scrollingDeltaX = 0;  ///< points, positive to the right
-    CGFloat scrollingDeltaY = 0;  ///< points, positive down
-    Ref<NSObject> trackingArea;   ///< of entered, exited and cursor updates
+    CGFloat scrollingDeltaX = 0;   ///< points, positive to the right
+    CGFloat scrollingDeltaY = 0;   ///< points, positive down
+    Ref<NSObject> trackingArea{};  ///< of entered, exited and cursor updates
   };
 
   explicit NSEvent(Fields fields);

@@ -9,8 +9,8 @@ namespace bkuk {
 /// One screen of the desktop. Screen space is in points with y up, its origin at the lower left corner
 /// of the main screen.
 struct NSScreen {
-  NSRect frame;
-  NSRect visibleFrame;  ///< without the desktop's panels and docks
+  NSRect frame{};
+  NSRect visibleFrame{};  ///< without the desktop's panels and docks
   CGFloat backingScaleFactor = 1;
 
   /// The main screen first; never empty.

@@ -11,7 +11,7 @@ namespace bkuk {
 
 /// The room that a text is laid out in, and how. Lengths are in points.
 struct NSTextLayoutOptions {
-  NSSize size;  ///< 0 or less, or more than a text ever takes, for no limit along an axis
+  NSSize size{};  ///< 0 or less, or more than a text ever takes, for no limit along an axis
   CGFloat lineFragmentPadding = 0;
   std::size_t maximumNumberOfLines = 0;  ///< 0 for no limit
   /// A truncating mode marks with an ellipsis that there are more lines than the maximum.

@@ -12,7 +12,7 @@ class NSTextStorage;
 /// All that happened to a text storage between the beginning and the end of its editing.
 struct NSTextStorageEdit {
   bool editedCharacters = false;  ///< only attributes when false
-  NSRange editedRange;            ///< in the text as it is now: everything outside is as it was
+  NSRange editedRange{};          ///< in the text as it is now: everything outside is as it was
   std::ptrdiff_t changeInLength = 0;
 };
 

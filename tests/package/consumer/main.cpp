@@ -1,5 +1,4 @@
-#include <BrenvikUIKit/BrenvikUIKit.h>
-
+#include "Values.h"
 #include "testing/VirtualHostScope.h"
 
 using namespace bkuk;
@@ -10,11 +9,13 @@ struct Palette : BKUKThemeColorsProvider {
   }
 };
 
-/// Passes when a role of an installed palette follows the desktop's appearance.
+/// Passes when a role of an installed palette follows the desktop's appearance, and the rest of the interface
+/// works as a program writes it.
 int main() {
   const VirtualHostScope host;
   BKUKTheme::setDefault(make<Palette>());
   host->setAppearance({.scheme = host::ColorScheme::dark});
   host->settle();
-  return NSColor::bkuk::accent()->whiteComponent() == 0 ? 0 : 1;
+  const bool follows = NSColor::bkuk::accent()->whiteComponent() == 0;
+  return follows && countValues() > 0 && componentsTakeBraces() && applicationsNeedNoOtherHeader() ? 0 : 1;
 }
