@@ -9,7 +9,7 @@ set(BKUK_INCLUDE_DIR ${CMAKE_INSTALL_INCLUDEDIR}/BrenvikUIKit-${PROJECT_VERSION_
 set(BKUK_CONFIG_DIR ${CMAKE_INSTALL_LIBDIR}/cmake/BrenvikUIKit)
 
 # bkuk_public_library(TARGET NAME): makes TARGET a library that programs link as BrenvikUIKit::NAME and that
-# `install` delivers.
+# `install` delivers. As a shared one it shows the public interface only.
 function(bkuk_public_library target name)
   add_library(BrenvikUIKit::${name} ALIAS ${target})
   target_compile_features(${target} PUBLIC cxx_std_20)
@@ -18,6 +18,11 @@ function(bkuk_public_library target name)
   set_target_properties(${target} PROPERTIES
     EXPORT_NAME ${name} VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
   install(TARGETS ${target} EXPORT BrenvikUIKitTargets)
+  if(BUILD_SHARED_LIBS AND UNIX AND NOT APPLE)
+    set(exports ${PROJECT_SOURCE_DIR}/cmake/exports.map)
+    target_link_options(${target} PRIVATE LINKER:--version-script=${exports})
+    set_property(TARGET ${target} APPEND PROPERTY LINK_DEPENDS ${exports})
+  endif()
 endfunction()
 
 function(bkuk_install_package)

@@ -12,6 +12,8 @@ add_compile_options(-ffp-contract=off)
 add_compile_options(-Wno-missing-field-initializers)
 add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
   -Wimplicit-fallthrough)
+# Debugging builds look at what the library takes on trust: indexes, empty optionals, null pointers.
+add_compile_definitions($<$<CONFIG:Debug>:_GLIBCXX_ASSERTIONS>)
 if(BKUK_WERROR)
   add_compile_options(-Werror)
 endif()

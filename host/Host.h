@@ -19,8 +19,8 @@ namespace bkuk::host {
 
 /// One screen of the desktop, in screen points.
 struct Screen {
-  Rect frame;
-  Rect visibleFrame;  ///< without panels and docks
+  Rect frame{};
+  Rect visibleFrame{};  ///< without panels and docks
   double scale = 1;
 };
 
@@ -125,6 +125,6 @@ void addInstallObserver(void (*observer)(Host& host));
 void wake();
 
 /// The real desktop's host. Defined by the one implementation that is linked.
-[[nodiscard]] std::unique_ptr<Host> makeDesktopHost();
+[[nodiscard, gnu::visibility("default")]] std::unique_ptr<Host> makeDesktopHost();
 
 }  // namespace bkuk::host

@@ -12,8 +12,8 @@ namespace bkuk::host {
 
 /// Raster, text and image files of the desktop's host for hosts without a desktop. Drawing needs no display;
 /// faces and image files make an application object without one when they are first asked for.
-[[nodiscard]] std::unique_ptr<Canvas> makeRasterCanvas(Bitmap& bitmap);
-[[nodiscard]] std::unique_ptr<Fonts> makeInstalledFonts();
-[[nodiscard]] DecodedImage decodeImageFile(std::span<const std::byte> bytes);
+[[nodiscard, gnu::visibility("default")]] std::unique_ptr<Canvas> makeRasterCanvas(Bitmap& bitmap);
+[[nodiscard, gnu::visibility("default")]] std::unique_ptr<Fonts> makeInstalledFonts();
+[[nodiscard, gnu::visibility("default")]] DecodedImage decodeImageFile(std::span<const std::byte> bytes);
 
 }  // namespace bkuk::host
