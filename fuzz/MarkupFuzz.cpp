@@ -5,7 +5,6 @@
 
 #include "BrenvikUIKit/text/BKUKAttributedTextXMLFactory.h"
 #include "BrenvikUIKit/text/RangeFinder.h"
-#include "platform/foundation/Fatal.h"
 
 namespace bkuk {
 namespace {
@@ -26,7 +25,7 @@ NSString unitsOf(const std::uint8_t* data, std::size_t size) {
 }
 
 void require(bool holds) {
-  if (!holds) trap();
+  if (!holds) __builtin_trap();
 }
 
 /// Both readers agree, nothing is made up, and every run has a style.

@@ -7,14 +7,13 @@
 #include "platform/appkit/NSFont.h"
 #include "platform/appkit/NSLayoutManager.h"
 #include "platform/appkit/NSParagraphStyle.h"
-#include "platform/foundation/Fatal.h"
 #include "testing/VirtualHostScope.h"
 
 namespace bkuk {
 namespace {
 
 void require(bool holds) {
-  if (!holds) trap();
+  if (!holds) __builtin_trap();
 }
 
 /// Reads numbers off the front of the input; zeros when there is nothing left.

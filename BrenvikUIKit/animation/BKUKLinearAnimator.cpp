@@ -14,12 +14,14 @@ namespace bkuk {
 namespace {
 
 std::uint32_t frameAfter(std::uint32_t frame) {
-  if (frame == std::numeric_limits<std::uint32_t>::max()) trap();
+  if (frame == std::numeric_limits<std::uint32_t>::max()) {
+    trap("BKUKLinearAnimationContext: more frames than 32 bits count; start it anew in between");
+  }
   return frame + 1;
 }
 
 bool isMultiple(std::uint32_t frame, std::uint32_t spacing) {
-  if (spacing == 0) trap();
+  if (spacing == 0) trap("BKUKLinearAnimationContext: frameSpacing 0; give it 1 for every frame");
   return frame % spacing == 0;
 }
 
@@ -131,8 +133,7 @@ std::optional<BKUKAnimationPhases> BKUKLinearAnimator::phaseOfFrame(const Contex
 
 void BKUKLinearAnimator::callBlock(const Context& context) {
   const auto block = context.block_;
-  if (!block) trap();
-  (*block)();
+  (*required(block, "BKUKLinearAnimationContext: no block; call setBlock before startAnimating"))();
 }
 
 void BKUKLinearAnimator::tell(const Context& context, BKUKAnimationPhases phase) {

@@ -24,7 +24,9 @@ BKUKAppAppearanceObserver& BKUKAppAppearanceObserver::shared() {
 BKUKAppAppearanceObserver::~BKUKAppAppearanceObserver() { endObservation(); }
 
 void BKUKAppAppearanceObserver::startObserving() {
-  if (__builtin_add_overflow(observerCount_, 1, &observerCount_)) trap();
+  if (__builtin_add_overflow(observerCount_, 1, &observerCount_)) {
+    trap("BKUKAppAppearanceObserver: startObserving was called too often; call stopObserving once for each");
+  }
   if (observerCount_ > 1) return;
   if (observer_) return;
   if (!systemKnowsDarkAppearance()) return;
@@ -32,7 +34,11 @@ void BKUKAppAppearanceObserver::startObserving() {
 }
 
 void BKUKAppAppearanceObserver::stopObserving() {
-  if (__builtin_sub_overflow(observerCount_, 1, &observerCount_)) trap();
+  if (__builtin_sub_overflow(observerCount_, 1, &observerCount_)) {
+    trap(
+        "BKUKAppAppearanceObserver: stopObserving was called too often; call it once for each "
+        "startObserving");
+  }
   if (observerCount_ > 0) return;
   endObservation();
 }

@@ -1,3 +1,5 @@
+#include <string_view>
+
 #include "BrenvikUIKit/colour/BKUKNSColor+Extensions.h"
 #include "BrenvikUIKit/colour/BKUKThemedColor.h"
 #include "platform/foundation/Fatal.h"
@@ -5,6 +7,9 @@
 namespace bkuk {
 
 namespace {
+
+constexpr std::string_view noColor =
+    "NSColor: a color of nothing cannot be mixed or made transparent; give one";
 
 // The byte that begins at `bit`, as a component.
 CGFloat component(std::uint64_t value, unsigned bit) {
@@ -26,11 +31,13 @@ Ref<NSColor> rgb(std::uint64_t value, CGFloat alpha) {
 
 Ref<NSColor> rgba(std::uint64_t value) { return rgb(value >> 8, component(value, 0)); }
 
-Ref<NSColor> alpha(const Ref<NSColor>& color, CGFloat alpha) { return color->withAlphaComponent(alpha); }
+Ref<NSColor> alpha(const Ref<NSColor>& color, CGFloat alpha) {
+  return required(color, noColor)->withAlphaComponent(alpha);
+}
 
 Ref<NSColor> mix(const Ref<NSColor>& color, const Ref<NSColor>& other, CGFloat fraction) {
-  auto blend = color->blended(fraction, other);
-  if (!blend) trap();
+  auto blend = required(color, noColor)->blended(fraction, required(other, noColor));
+  if (!blend) trap("mix: the colors cannot be blended; give two that have RGB components");
   return blend;
 }
 

@@ -39,6 +39,14 @@ BKUKTheme::Producer ownProducer(BKUKThemeColorRole role) {
   return found == overrides.end() ? nullptr : found->second;
 }
 
+Ref<NSColor> answer(BKUKThemeColorRole role) {
+  if (const auto producer = globalProducer(role)) return producer();
+  if (const auto producer = ownProducer(role)) return producer();
+  const auto palette = state().palette;
+  if (!palette) trap("BKUKTheme: no palette; call BKUKTheme::setDefault before the first color is asked for");
+  return palette->color(role);
+}
+
 }  // namespace
 
 const Ref<BKUKThemeColorsProvider>& BKUKTheme::default_() { return state().palette; }
@@ -52,11 +60,11 @@ void BKUKTheme::setGlobalOverride(GlobalOverride override) { state().globalOverr
 BKUKTheme::Overrides& BKUKTheme::overrides() { return state().overrides; }
 
 Ref<NSColor> BKUKTheme::color(BKUKThemeColorRole role) {
-  if (const auto producer = globalProducer(role)) return producer();
-  if (const auto producer = ownProducer(role)) return producer();
-  const auto palette = state().palette;
-  if (!palette) trap();
-  return palette->color(role);
+  auto color = answer(role);
+  if (!color)
+    trap("BKUKTheme: no color for the role " + std::string(roleName(role)) +
+         "; let the palette or override answer one");
+  return color;
 }
 
 const BKUKThemeColorsProvider& BKUKTheme::provider() {

@@ -45,7 +45,10 @@ constexpr auto onRoles = makeOnRoles();
 template <typename Case>
 std::size_t numberOf(Case choice, std::size_t count) {
   const auto number = static_cast<std::size_t>(choice);
-  if (number >= count) fatal("Fatal error", unit);
+  if (number >= count) {
+    reportMistake("BKUKThemeColorRole: a number beyond the roles there are; take one of the enumeration");
+    fatal("Fatal error", unit);
+  }
   return number;
 }
 

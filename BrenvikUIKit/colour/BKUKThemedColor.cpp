@@ -24,7 +24,8 @@ bool areEqual(const Ref<NSColor>& a, const Ref<NSColor>& b) { return a && b ? a-
 
 BKUKThemedColor::BKUKThemedColor(Ref<NSColor> any, Ref<NSColor> dark)
     : anyColor_(std::move(any)), darkColor_(dark ? std::move(dark) : anyColor_) {
-  if (!anyColor_) trap();
+  if (!anyColor_)
+    trap("BKUKThemedColor: no color for the light appearance; give make<BKUKThemedColor>(any, dark) one");
 }
 
 Ref<BKUKThemedColor> BKUKThemedColor::bySwapping(const BKUKThemedColor& source) {

@@ -7,7 +7,7 @@ void applyGradient(CAGradientLayer& layer, const std::optional<BKUKGradient>& gr
   if (!gradient || isSolid) {
     layer.setColors({});
     layer.setLocations(std::nullopt);
-    if (isSolid) layer.setBackgroundColor(gradient->colors.front()->cgColor());
+    if (isSolid) layer.setBackgroundColor(gradient->cgColors().front());
     return;
   }
   layer.setBackgroundColor(nullptr);

@@ -33,6 +33,7 @@ void append(NSBezierPath& path, const CGPathElement& element) {
     case CGPathElementType::closeSubpath:
       return path.close();
   }
+  reportMistake("CGPath: an element of no known kind");
   fatal("Fatal error", unit);
 }
 
@@ -47,6 +48,7 @@ void append(CGMutablePath& path, NSBezierPathElement type, const std::array<NSPo
     case NSBezierPathElement::closePath:
       return path.closeSubpath();
   }
+  reportMistake("CGPath: an element of no known kind");
   fatal("Fatal error", unit);
 }
 

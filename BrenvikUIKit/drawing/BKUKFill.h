@@ -13,6 +13,7 @@ class BKUKFill {
  public:
   using Value = std::variant<Ref<NSColor>, BKUKLinearGradientSettings, BKUKRadialGradientSettings>;
 
+  /// A fill of an absent colour may be kept, but stops the process when it is shown.
   [[nodiscard]] static BKUKFill color(Ref<NSColor> color) { return BKUKFill(std::move(color)); }
   [[nodiscard]] static BKUKFill linearGradient(BKUKLinearGradientSettings settings) {
     return BKUKFill(std::move(settings));

@@ -23,11 +23,15 @@ struct FillInto {
 
   [[nodiscard]] CAGradientLayer& gradientLayer() const {
     auto* gradient = dynamic_cast<CAGradientLayer*>(&layer);
-    if (!gradient) trap();
+    if (!gradient)
+      trap("BKUKFillView: a gradient fill needs a CAGradientLayer; leave fillsLayer() to setFills");
     return *gradient;
   }
 
-  void operator()(const Ref<NSColor>& color) const { layer.setBackgroundColor(color->cgColor()); }
+  void operator()(const Ref<NSColor>& color) const {
+    layer.setBackgroundColor(
+        required(color, "BKUKFill: a fill of no color; use BKUKFill::clear()")->cgColor());
+  }
 
   void operator()(const BKUKLinearGradientSettings& settings) const {
     auto& gradient = gradientLayer();

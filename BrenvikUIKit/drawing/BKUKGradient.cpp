@@ -3,13 +3,16 @@
 #include <algorithm>
 
 #include "BrenvikUIKit/drawing/ColorEquality.h"
+#include "platform/foundation/Fatal.h"
 
 namespace bkuk {
 
 std::vector<Ref<CGColor>> BKUKGradient::cgColors() const {
   std::vector<Ref<CGColor>> resolved;
   resolved.reserve(colors.size());
-  for (const auto& color : colors) resolved.push_back(color->cgColor());
+  for (const auto& color : colors) {
+    resolved.push_back(required(color, "BKUKGradient: a color of nothing; give every stop one")->cgColor());
+  }
   return resolved;
 }
 

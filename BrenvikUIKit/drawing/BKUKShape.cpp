@@ -22,7 +22,11 @@ constexpr std::array joinNames{kCALineJoinMiter, kCALineJoinRound, kCALineJoinBe
 template <typename Names, typename Option>
 std::string_view nameOf(const Names& names, Option option) {
   const auto ordinal = static_cast<std::size_t>(option);
-  if (ordinal >= names.size()) fatal("Fatal error", unit);
+  if (ordinal >= names.size()) {
+    reportMistake(
+        "BKUKShape: a line cap or join beyond the three there are; take one of CGLineCap or CGLineJoin");
+    fatal("Fatal error", unit);
+  }
   return names[ordinal];
 }
 
@@ -54,7 +58,8 @@ Ref<BKUKShapeLayer> BKUKShape::layer() const { return layer_.lock(); }
 
 Ref<BKUKShapeLayer> BKUKShape::presentLayer() const {
   auto present = layer();
-  if (!present) trap();
+  if (!present)
+    trap("BKUKShape: its layer is gone; hold the BKUKShapeLayer for as long as its shape is used");
   return present;
 }
 

@@ -39,7 +39,9 @@ CGFloat visibleSum(std::span<const CGFloat> pattern) {
 std::int64_t patternCount(CGFloat period, const LinePatternFit& fit) {
   constexpr CGFloat limit = 0x1p63;
   const CGFloat fitting = std::floor(fit.pathLength / period);
-  if (!(fitting >= -limit && fitting < limit)) trap();
+  if (!(fitting >= -limit && fitting < limit)) {
+    trap("BKUKShape: the line pattern has no usable length; give dashes and spaces above 0, or no pattern");
+  }
   const auto whole = static_cast<std::int64_t>(fitting);
   return fit.count ? std::min(*fit.count, whole) : whole;
 }
@@ -64,6 +66,7 @@ Selection selectionFor(Modification modification) {
     case Modification::resizeSpaceBetweenPatterns:
       break;
   }
+  reportMistake("BKUKShape: a pattern that is not to change cannot be fitted");
   fatal("Fatal error", unit);
 }
 

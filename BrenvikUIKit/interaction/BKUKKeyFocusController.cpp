@@ -3,6 +3,8 @@
 #include <utility>
 
 #include "platform/appkit/NSApplication.h"
+#include "platform/foundation/Fatal.h"
+#include "platform/foundation/ObjectBehind.h"
 
 namespace bkuk {
 
@@ -13,15 +15,17 @@ BKUKKeyFocusController::BKUKKeyFocusController(NSView* view, Preset preset)
     : view_(view),
       enableRegularFocus_(preset == Preset::textField),
       enableFullKeyboardFocus_(preset != Preset::inactive),
-      drawFocusRing_(defaultDrawFocusRing()) {}
+      drawFocusRing_(required(defaultDrawFocusRing,
+                              "BKUKKeyFocusController: defaultDrawFocusRing is empty; assign a function")()) {
+}
 
 BKUKKeyFocusControllerDelegate* BKUKKeyFocusController::delegate() const {
   return delegateObject_.isAlive() ? delegate_ : nullptr;
 }
 
 void BKUKKeyFocusController::setDelegate(BKUKKeyFocusControllerDelegate* delegate) {
+  delegateObject_ = objectBehind(delegate);
   delegate_ = delegate;
-  delegateObject_ = dynamic_cast<NSObject*>(delegate);
 }
 
 void BKUKKeyFocusController::setDrawFocusRing(bool draws) {

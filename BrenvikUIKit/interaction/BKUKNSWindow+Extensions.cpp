@@ -18,7 +18,8 @@ BKUKKeyMonitorStack& stackOf(NSWindow& window) {
   } else {
     fatal(window.className() + " does not support key monitor.", "BrenvikUIKit/BKUKWindow");
   }
-  if (!stack) trap();
+  if (!stack)
+    trap(window.className() + ": keyMonitorStack() answers none; answer the stack of the base class");
   return *stack;
 }
 

@@ -16,7 +16,8 @@ void ControlBehavior::prepare(NSControl& control) {
 
 bool ControlBehavior::isPointerInside(const NSControl& control) {
   const auto window = control.window();
-  if (!window) trap();
+  if (!window)
+    trap(control.className() + ": asked for the pointer outside of a window; add the view to one before");
   const NSPoint place = control.convertPointFrom(window->mouseLocationOutsideOfEventStream(), nullptr);
   return NSMouseInRect(place, control.bounds(), false);
 }

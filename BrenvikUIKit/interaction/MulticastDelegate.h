@@ -1,15 +1,20 @@
 #pragma once
 
 #include <algorithm>
+#include <concepts>
 #include <cstddef>
 #include <functional>
 #include <memory>
 #include <mutex>
+#include <string_view>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
 #include "platform/foundation/DispatchQueue.h"
+#include "platform/foundation/Fatal.h"
 #include "platform/foundation/NSObject.h"
+#include "platform/foundation/ObjectBehind.h"
 
 namespace bkuk {
 
@@ -23,9 +28,10 @@ class MulticastDelegate : public NSObject {
  public:
   using Invocation = std::function<void(T& delegate)>;
 
-  /// One that is equal to a listener already there is not added again; absent ones are ignored.
+  /// One that is equal to a listener already there is not added again; absent ones are ignored. One that is
+  /// no `NSObject` stops the process.
   void add(T* delegate) {
-    auto* object = dynamic_cast<NSObject*>(delegate);
+    auto* object = objectBehind(delegate);
     if (!object) return;
     const std::scoped_lock lock(mutex_);
     std::erase_if(delegates_, [](const Entry& entry) { return !entry.object.isAlive(); });
@@ -46,12 +52,14 @@ class MulticastDelegate : public NSObject {
   /// returns.
   template <typename Call>
   void invoke(Call&& invocation) const {
+    if constexpr (std::same_as<std::remove_cvref_t<Call>, Invocation>) required(invocation, noCall);
     Snapshot snapshot(*this);
     for (const auto& held : snapshot) invocation(*held.delegate);
   }
 
   /// Makes the same calls later, on `queue`.
   void invoke(Invocation invocation, DispatchQueue& queue) {
+    required(invocation, noCall);
     queue.async([self = Ref<MulticastDelegate>(this), invocation = std::move(invocation)] {
       self->invoke(invocation);
     });
@@ -65,6 +73,8 @@ class MulticastDelegate : public NSObject {
   }
 
  private:
+  static constexpr std::string_view noCall = "MulticastDelegate: invoke without a call";
+
   struct Entry {
     Weak<NSObject> object;
     T* delegate;  // of the same object

@@ -20,6 +20,9 @@ class BKUKBrandFont {
   /// stops the process.
   static std::function<double(BKUKBrandFont style)> size;
   static std::function<BKUKFontType(BKUKBrandFont style)> type;
+  /// What the application answers for this role now.
+  [[nodiscard]] double askSize() const;
+  [[nodiscard]] BKUKFontType askType() const;
 
  private:
   Role role_;

@@ -39,8 +39,7 @@ BKUKFontSettings::BKUKFontSettings(Ref<NSColor> textColor, double pointSize,
 
 // Braces ask the application in the order in which it is written down: for the size first.
 BKUKFontSettings::BKUKFontSettings(BKUKBrandFont style, Ref<NSColor> textColor, NSTextAlignment textAlignment)
-    : BKUKFontSettings{std::move(textColor), BKUKBrandFont::size(style), BKUKBrandFont::type(style),
-                       textAlignment} {}
+    : BKUKFontSettings{std::move(textColor), style.askSize(), style.askType(), textAlignment} {}
 
 BKUKFontSettings::BKUKFontSettings(BKUKBrandFont style, BKUKThemeColorBase background,
                                    NSTextAlignment textAlignment, BKUKThemeColorOpacity transparency)

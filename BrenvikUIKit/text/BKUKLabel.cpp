@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <string_view>
 #include <utility>
 
 #include "BrenvikUIKit/text/BKUKNSAttributedString+Extensions.h"
@@ -9,6 +10,7 @@
 #include "platform/appkit/NSGraphicsContext.h"
 #include "platform/foundation/CGRoundedUp.h"
 #include "platform/foundation/Fatal.h"
+#include "platform/foundation/ObjectBehind.h"
 
 namespace bkuk {
 
@@ -26,6 +28,13 @@ double rounded(double height, BKUKLayoutRoundingRule rule) {
       break;
   }
   return height;
+}
+
+constexpr std::string_view noOffset =
+    "BKUKFontConfig: an offset is empty; assign a function that answers points, 0 for none";
+
+double textFieldBottom(const NSFont& font) {
+  return required(BKUKFontConfig::shared().textFieldBottomOffset, noOffset)(font);
 }
 
 }  // namespace
@@ -204,13 +213,27 @@ void BKUKLabel::setDrawingOptions(BKUKLabelDrawingOptions options) {
   if (std::exchange(drawingOptions_, options) != options) setNeedsDisplay(true);
 }
 
+BKUKLabel::TextPadding BKUKLabel::defaultTopTextPadding() {
+  return required(BKUKFontConfig::shared().labelTopOffset, noOffset);
+}
+
+BKUKLabel::TextPadding BKUKLabel::defaultBottomTextPadding() {
+  return required(BKUKFontConfig::shared().labelBottomOffset, noOffset);
+}
+
+bool BKUKLabel::defaultTextFieldSync() {
+  return required(defaultUseNSTextFieldSync,
+                  "BKUKLabel: defaultUseNSTextFieldSync is empty; assign a function")();
+}
+
 void BKUKLabel::setTopTextPadding(TextPadding padding) {
-  topTextPadding_ = std::move(padding);
+  topTextPadding_ = required(std::move(padding), "BKUKLabel: no top padding; give a function that answers 0");
   measureAgain();
 }
 
 void BKUKLabel::setBottomTextPadding(TextPadding padding) {
-  bottomTextPadding_ = std::move(padding);
+  bottomTextPadding_ =
+      required(std::move(padding), "BKUKLabel: no bottom padding; give a function that answers 0");
   measureAgain();
 }
 
@@ -269,7 +292,7 @@ BKUKLabel::Measure BKUKLabel::measured(double labelWidth) const {
   Measure measure{{CGRoundedUp(full.width) + 2 * padding, height}, 2 * (height - natural)};
   const auto& ownFont = font();
   if (ownFont && synced) {
-    measure.size.height += BKUKFontConfig::shared().textFieldBottomOffset(*ownFont);
+    measure.size.height += textFieldBottom(*ownFont);
   } else if (ownFont) {
     const double top = topTextPadding_(*ownFont);
     measure.roundingOffset += top;
@@ -303,7 +326,7 @@ double BKUKLabel::verticalTextOffset() const {
 
 double BKUKLabel::drawnTextTop() const {
   if (!isSynced()) return verticalTextOffset() + layoutRoundingOffset_;
-  const double bottom = font() ? BKUKFontConfig::shared().textFieldBottomOffset(*font()) : 0;
+  const double bottom = font() ? textFieldBottom(*font()) : 0;
   return verticalTextOffset() + syncDrawOffset_ + 0.5 * bottom;
 }
 
@@ -377,8 +400,8 @@ BKUKLabelTextClickDelegate* BKUKLabel::clickDelegate() const {
 }
 
 void BKUKLabel::setClickDelegate(BKUKLabelTextClickDelegate* delegate) {
+  clickDelegateObject_ = objectBehind(delegate);
   clickDelegate_ = delegate;
-  clickDelegateObject_ = dynamic_cast<NSObject*>(delegate);
 }
 
 void BKUKLabel::mouseDown(NSEvent& event) {

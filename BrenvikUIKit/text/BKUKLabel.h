@@ -94,10 +94,8 @@ class BKUKLabel : public NSView {
   void setTopTextPadding(TextPadding padding);
   [[nodiscard]] const TextPadding& bottomTextPadding() const { return bottomTextPadding_; }
   void setBottomTextPadding(TextPadding padding);
-  [[nodiscard]] static TextPadding defaultTopTextPadding() { return BKUKFontConfig::shared().labelTopOffset; }
-  [[nodiscard]] static TextPadding defaultBottomTextPadding() {
-    return BKUKFontConfig::shared().labelBottomOffset;
-  }
+  [[nodiscard]] static TextPadding defaultTopTextPadding();
+  [[nodiscard]] static TextPadding defaultBottomTextPadding();
 
   /// The size of the font. Setting it keeps the face, so that an animator can drive it; without a font it
   /// changes nothing.
@@ -200,6 +198,7 @@ class BKUKLabel : public NSView {
   [[nodiscard]] Measure measured(double labelWidth) const;
   [[nodiscard]] double verticalTextOffset() const;
   [[nodiscard]] Ref<NSFont> fontForBaselines() const;
+  [[nodiscard]] static bool defaultTextFieldSync();
 
   BKUKLayoutRoundingRule roundingRule_ = BKUKLayoutRoundingRule::none;
   BKUKLabelDrawingOptions drawingOptions_;
@@ -220,7 +219,7 @@ class BKUKLabel : public NSView {
   // Found out together, whenever the size is asked for.
   mutable NSSize cachedIntrinsicContentSize_;
   mutable double layoutRoundingOffset_ = 0;
-  bool usesTextFieldSync_ = defaultUseNSTextFieldSync();
+  bool usesTextFieldSync_ = defaultTextFieldSync();
   double syncOffset_ = 0;
   double syncDrawOffset_ = 0;
   Ref<BKUKCustomAttributeOperatorManager> operatorManager_;

@@ -32,8 +32,8 @@ BKUKStatefulFonts BKUKStatefulPresets<BKUKFontSettings>::make(BKUKBrandFont styl
                                                               const BKUKStatefulColors& colors,
                                                               NSTextAlignment alignment) {
   // The application is asked for the size before the type.
-  const double size = BKUKBrandFont::size(style);
-  return make(colors, size, BKUKBrandFont::type(style), alignment);
+  const double size = style.askSize();
+  return make(colors, size, style.askType(), alignment);
 }
 
 BKUKStatefulFonts BKUKStatefulPresets<BKUKFontSettings>::with(const BKUKStatefulColors& colors,

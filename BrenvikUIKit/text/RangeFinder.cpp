@@ -19,7 +19,7 @@ void RangeFinder::foundCharacters(std::u16string_view text) { currentText_.appen
 void RangeFinder::didStartElement(const NSString& name) { stack_.push_back({name, currentText_.length()}); }
 
 void RangeFinder::didEndElement(const NSString&) {
-  if (stack_.empty()) trap();
+  if (stack_.empty()) trap("RangeFinder: the end of an element that did not start");
   const Open open = std::move(stack_.back());
   stack_.pop_back();
   result_[open.name.utf8()] = {open.start, currentText_.length() - open.start};

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "platform/foundation/DispatchQueue.h"
+#include "platform/foundation/Fatal.h"
 #include "platform/foundation/NSThread.h"
 #include "platform/quartzcore/CATransaction.h"
 
@@ -30,6 +31,7 @@ NSAnimationContext::NSAnimationContext(Values values) : values_(std::move(values
 NSAnimationContext& NSAnimationContext::current() { return *Levels::ofThisThread().top(); }
 
 void NSAnimationContext::runAnimationGroup(const Changes& changes, Handler completion) {
+  required(changes, "NSAnimationContext: no block of changes; give runAnimationGroup one");
   const auto level = make<NSAnimationContext>(current().values_);
   level->completionHandler_ = std::move(completion);
   if (NSThread::isMainThread()) return level->runInTransaction(changes);

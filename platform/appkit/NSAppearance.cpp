@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "platform/appkit/NSApplication.h"
+#include "platform/foundation/Fatal.h"
 
 namespace bkuk {
 
@@ -66,6 +67,7 @@ Ref<NSAppearance> NSAppearance::currentDrawing() {
 }
 
 void NSAppearance::performAsCurrentDrawingAppearance(const std::function<void()>& block) {
+  required(block, "NSAppearance: performAsCurrentDrawingAppearance without a block");
   const Ref<NSAppearance> outer = std::exchange(drawingAppearance(), Ref<NSAppearance>(this));
   block();
   drawingAppearance() = outer;

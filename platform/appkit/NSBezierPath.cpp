@@ -39,7 +39,7 @@ NSBezierPathElement elementOf(CGPathElementType type) {
     case CGPathElementType::addQuadCurveToPoint:
       break;  // nothing here makes one
   }
-  trap();
+  trap("NSBezierPath: an element of no known kind");
 }
 
 }  // namespace

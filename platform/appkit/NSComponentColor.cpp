@@ -7,7 +7,7 @@
 namespace bkuk {
 
 NSComponentColor::NSComponentColor(Ref<CGColor> color) : color_(std::move(color)) {
-  if (!color_) trap();
+  if (!color_) trap("NSColor: a colour of nothing; make it of a CGColor that is there");
 }
 
 bool NSComponentColor::isEqual(const NSObject* other) const {

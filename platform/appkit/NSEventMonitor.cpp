@@ -2,6 +2,8 @@
 
 #include <vector>
 
+#include "platform/foundation/Fatal.h"
+
 namespace bkuk {
 
 namespace {
@@ -14,6 +16,7 @@ std::vector<Ref<NSEventMonitor>>& installed() {
 }  // namespace
 
 Ref<NSEventMonitor> NSEventMonitor::addLocalMonitorForEvents(NSEventMask mask, Handler handler) {
+  required(handler, "NSEventMonitor: no handler; give addLocalMonitorForEvents one");
   auto monitor = make<NSEventMonitor>(mask, std::move(handler));
   installed().push_back(monitor);
   return monitor;

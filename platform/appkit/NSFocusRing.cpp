@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <span>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -11,6 +12,7 @@
 #include "platform/appkit/NSWindow.h"
 #include "platform/coregraphics/CGColor.h"
 #include "platform/coregraphics/GaussianBlur.h"
+#include "platform/foundation/Fatal.h"
 #include "platform/quartzcore/CALayerContents.h"
 #include "platform/quartzcore/CATransaction.h"
 
@@ -44,6 +46,12 @@ std::uint32_t premultiplied(const host::Rgba& color, double coverage) {
   };
   return static_cast<std::uint32_t>(std::lround(alpha * 255)) << 24 | part(color.red) << 16 |
          part(color.green) << 8 | part(color.blue);
+}
+
+Ref<NSColor> ringColor() {
+  constexpr std::string_view mistake =
+      "NSColor: keyboardFocusIndicatorColor answers no color; assign a function that does";
+  return required(required(NSColor::keyboardFocusIndicatorColor, mistake)(), mistake);
 }
 
 }  // namespace
@@ -127,7 +135,7 @@ host::Bitmap NSFocusRing::drawRing(NSView& view, const Area& area) const {
     const NSGraphicsContextScope scope(make<NSGraphicsContext>(context, view.isFlipped()));
     view.drawFocusRingMask();
   }
-  const auto color = NSColor::keyboardFocusIndicatorColor()->cgColor()->rgba();
+  const auto color = ringColor()->cgColor()->rgba();
   const auto [width, height] = image.size();
   const std::span pixels(image.pixels(), static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
   std::vector<std::uint8_t> mask(pixels.size());

@@ -225,7 +225,7 @@ std::vector<Ref<NSLayoutConstraint>> NSView::constraints() const {
 }
 
 void NSView::addLayoutGuide(Ref<NSLayoutGuide> guide) {
-  if (!guide) trap();
+  if (!guide) trap("NSView: addLayoutGuide without a guide; make one with make<NSLayoutGuide>()");
   if (guide->owner_.refersTo(this)) return;
   if (const auto old = guide->owningView()) old->removeLayoutGuide(*guide);
   guide->owner_ = this;

@@ -48,7 +48,7 @@ bool NSView::wouldContainItself(const NSView& view) const {
 }
 
 void NSView::addSubview(Ref<NSView> view, NSViewOrdering positioned, const NSView* sibling) {
-  if (!view) trap();
+  if (!view) trap("NSView: addSubview without a view");
   if (wouldContainItself(*view))
     fatal("A view cannot be added to itself or to one of its own subviews", unit);
   if (const auto window = view->window_.lock(); window && window->frameView_ == view) {

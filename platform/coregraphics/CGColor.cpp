@@ -27,7 +27,7 @@ Rgb rgbFrom(CGColorSpaceModel model, std::span<const CGFloat> c) {
     case CGColorSpaceModel::cmyk:
       return {(1 - c[0]) * (1 - c[3]), (1 - c[1]) * (1 - c[3]), (1 - c[2]) * (1 - c[3])};
   }
-  trap();
+  trap("CGColor: a colour space of no known model");
 }
 
 CGFloat grayFrom(Rgb rgb) { return 0.299 * rgb.red + 0.587 * rgb.green + 0.114 * rgb.blue; }
@@ -46,7 +46,7 @@ double unit(CGFloat value) { return value > 0 ? std::min(value, 1.0) : 0; }
 
 CGColor::CGColor(const Ref<CGColorSpace>& space, std::span<const CGFloat> components)
     : space_(space), count_(components.size()) {
-  if (!space) trap();
+  if (!space) trap("CGColor: no colour space; give one, as CGColorSpace::sRGB()");
   if (count_ != space->numberOfComponents() + 1) {
     fatal("a colour needs as many components as its space has, and alpha", "CGColor");
   }
@@ -98,7 +98,7 @@ Ref<CGColor> CGColor::converted(const Ref<CGColorSpace>& space) const {
     case CGColorSpaceModel::cmyk:
       return cmykFrom(space, rgb, alpha());
   }
-  trap();
+  trap("CGColor: a colour space of no known model");
 }
 
 host::Rgba CGColor::rgba() const {

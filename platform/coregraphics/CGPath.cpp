@@ -11,6 +11,7 @@
 #include "platform/coregraphics/PathWinding.h"
 #include "platform/coregraphics/PointBox.h"
 #include "platform/coregraphics/SubpathWalk.h"
+#include "platform/foundation/Fatal.h"
 
 namespace bkuk {
 
@@ -83,6 +84,7 @@ bool CGPath::contains(CGPoint point, CGPathFillRule rule, const CGAffineTransfor
 }
 
 void CGPath::applyWithBlock(const std::function<void(const CGPathElement&)>& block) const {
+  required(block, "CGPath: applyWithBlock without a block");
   const Ref<CGPath> unchanged = copy();
   for (const CGPathElement& element : unchanged->elements_) block(element);
 }

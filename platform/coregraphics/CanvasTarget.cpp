@@ -3,11 +3,12 @@
 #include <utility>
 
 #include "host/Host.h"
+#include "platform/foundation/Fatal.h"
 
 namespace bkuk {
 
 CanvasTarget::CanvasTarget(BitmapProvider provider, host::PixelRect area)
-    : provider_(std::move(provider)), area_(area) {}
+    : provider_(required(std::move(provider), "CGContext: no bitmap provider")), area_(area) {}
 
 CanvasTarget::~CanvasTarget() = default;
 

@@ -105,7 +105,8 @@ void appendNumber(std::vector<std::byte>& data, std::uint64_t value, std::size_t
 }
 
 void appendText(std::vector<std::byte>& data, std::string_view text) {
-  if (text.size() > std::numeric_limits<std::uint32_t>::max()) trap();
+  if (text.size() > std::numeric_limits<std::uint32_t>::max())
+    trap("NSKeyedArchiver: a text longer than an archive can hold");
   appendNumber(data, text.size(), 4);
   const auto bytes = std::as_bytes(std::span(text));
   data.insert(data.end(), bytes.begin(), bytes.end());

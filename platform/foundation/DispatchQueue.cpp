@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "platform/foundation/BlockQueue.h"
+#include "platform/foundation/Fatal.h"
 #include "platform/foundation/NSRunLoop.h"
 
 namespace bkuk {
@@ -30,7 +31,7 @@ DispatchQueue::~DispatchQueue() {
 }
 
 void DispatchQueue::async(Block block) {
-  blocks_->push(std::move(block));
+  blocks_->push(required(std::move(block), "DispatchQueue: async without a block"));
   if (isMain()) NSRunLoop::mainQueueGrew();
 }
 

@@ -32,7 +32,14 @@ void fatal(std::string_view message, std::string_view unit, int line) {
   stop(text);
 }
 
-void trap() { stop({}); }
+void reportMistake(std::string_view line) {
+  std::fprintf(stderr, "%.*s\n", static_cast<int>(line.size()), line.data());
+}
+
+void trap(std::string_view mistake) {
+  reportMistake(mistake);
+  stop({});
+}
 
 FatalHandler setFatalHandler(FatalHandler handler) { return std::exchange(currentHandler, handler); }
 

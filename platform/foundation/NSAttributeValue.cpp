@@ -5,7 +5,8 @@
 namespace bkuk {
 
 NSAttributeValue::NSAttributeValue(Ref<NSObject> object) : value_(std::move(object)) {
-  if (!std::get<Ref<NSObject>>(value_)) trap();
+  if (!std::get<Ref<NSObject>>(value_))
+    trap("NSAttributeValue: an object that is absent; leave the attribute out instead");
 }
 
 std::optional<double> NSAttributeValue::number() const {

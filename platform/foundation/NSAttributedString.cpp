@@ -74,11 +74,13 @@ void NSAttributedString::visitStretches(NSRange in, Options options, Same isSame
 
 void NSAttributedString::enumerateAttributes(NSRange in, Options options,
                                              const AttributesVisitor& visit) const {
+  required(visit, "NSAttributedString: enumerateAttributes without a block");
   visitStretches(in, options, std::equal_to<NSAttributeDictionary>(), visit);
 }
 
 void NSAttributedString::enumerateAttribute(const NSAttributedStringKey& key, NSRange in, Options options,
                                             const AttributeVisitor& visit) const {
+  required(visit, "NSAttributedString: enumerateAttribute without a block");
   const auto isSame = [&](const auto& a, const auto& b) { return areEqual(a.find(key), b.find(key)); };
   visitStretches(in, options, isSame, [&](const auto& attributes, NSRange range, bool& stop) {
     visit(attributes.find(key), range, stop);

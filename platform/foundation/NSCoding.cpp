@@ -4,6 +4,8 @@
 #include <string>
 #include <utility>
 
+#include "platform/foundation/Fatal.h"
+
 namespace bkuk {
 
 namespace {
@@ -16,6 +18,7 @@ std::map<std::string, NSCodingRegistration::Factory, std::less<>>& factories() {
 }  // namespace
 
 NSCodingRegistration::NSCodingRegistration(std::string_view className, Factory factory) {
+  required(factory, "NSCodingRegistration: no factory; give one that decodes the class");
   factories().insert_or_assign(std::string(className), std::move(factory));
 }
 

@@ -3,6 +3,8 @@
 #include <unordered_map>
 #include <vector>
 
+#include "platform/foundation/Fatal.h"
+
 namespace bkuk {
 
 namespace {
@@ -19,7 +21,10 @@ std::unordered_map<const NSObject*, Observations>& table() {
 }  // namespace
 
 NSKeyValueObservation::NSKeyValueObservation(NSObject& object, std::string_view keyPath, Handler handler)
-    : object_(&object), address_(&object), keyPath_(keyPath), handler_(std::move(handler)) {
+    : object_(&object),
+      address_(&object),
+      keyPath_(keyPath),
+      handler_(required(std::move(handler), "observe: no handler; give one that is called after a change")) {
   table()[address_].push_back(Weak<NSKeyValueObservation>(this));
 }
 

@@ -22,7 +22,8 @@ using Bytes = std::vector<std::byte>;
 constexpr std::string_view unit = "platform/foundation/NSKeyedArchiver";
 
 std::uint64_t checkedCount(std::size_t count) {
-  if (count > std::numeric_limits<std::uint32_t>::max()) trap();
+  if (count > std::numeric_limits<std::uint32_t>::max())
+    trap("NSKeyedArchiver: more elements than an archive can count");
   return count;
 }
 

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "platform/foundation/DispatchQueue.h"
+#include "platform/foundation/Fatal.h"
 
 namespace bkuk {
 
@@ -187,11 +188,13 @@ NSNotificationCenter& NSNotificationCenter::default_() {
 
 void NSNotificationCenter::addObserver(NSObject* observer, Selector selector, NSNotificationName name,
                                        NSObject* object) {
+  required(observer, "NSNotificationCenter: no observer; give addObserver one, or a block");
   add(make<Registration>(name, object, Registration::Target{observer, selector}));
 }
 
 Ref<NSObject> NSNotificationCenter::addObserver(NSNotificationName name, NSObject* object,
                                                 DispatchQueue* queue, Block block) {
+  required(block, "NSNotificationCenter: no block; give addObserver one");
   auto registration = make<Registration>(name, object, Registration::Handler{queue, std::move(block)});
   add(registration);
   return registration;

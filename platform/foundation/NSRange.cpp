@@ -8,7 +8,8 @@ namespace bkuk {
 
 std::size_t NSMaxRange(NSRange range) {
   std::size_t end = 0;
-  if (__builtin_add_overflow(range.location, range.length, &end)) trap();
+  if (__builtin_add_overflow(range.location, range.length, &end))
+    trap("NSMaxRange: a range that ends beyond what can be counted, such as one at NSNotFound");
   return end;
 }
 

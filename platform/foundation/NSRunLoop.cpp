@@ -124,6 +124,7 @@ void NSRunLoop::run(NSRunLoopMode mode, double untilDate) {
 }
 
 void NSRunLoop::run(NSRunLoopMode mode, const std::function<bool()>& condition) {
+  required(condition, "NSRunLoop: no condition; give run one, or a date");
   Run run(*this, mode);
   runTurns(run, {}, condition);
 }
@@ -207,6 +208,7 @@ void NSRunLoop::move(const Ref<NSTimer>& timer, double fireDate) {
 }
 
 Ref<NSRunLoopObserver> NSRunLoop::addTurnEndObserver(int order, std::function<void()> handler) {
+  required(handler, "NSRunLoop: no handler; give addTurnEndObserver one");
   auto observer = make<NSRunLoopObserver>(order, std::move(handler));
   auto observers = std::make_shared<Observers>(*observers_);
   const auto place = std::ranges::upper_bound(*observers, order, {}, &NSRunLoopObserver::order_);

@@ -116,17 +116,17 @@ std::string NSString::utf8() const {
 }
 
 char16_t NSString::characterAt(std::size_t index) const {
-  if (index >= length()) trap();
+  if (index >= length()) trap("NSString: characterAt beyond the end; ask length() before");
   return units_[index];
 }
 
 NSString NSString::substring(NSRange range) const {
-  if (NSMaxRange(range) > length()) trap();
+  if (NSMaxRange(range) > length()) trap("NSString: substring beyond the end; ask length() before");
   return NSString(units_.substr(range.location, range.length));
 }
 
 void NSString::replaceCharacters(NSRange range, std::u16string_view units) {
-  if (NSMaxRange(range) > length()) trap();
+  if (NSMaxRange(range) > length()) trap("NSString: replaceCharacters beyond the end; ask length() before");
   units_.replace(range.location, range.length, units);
 }
 

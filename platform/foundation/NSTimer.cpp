@@ -3,9 +3,11 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <string_view>
 #include <utility>
 
 #include "host/Host.h"
+#include "platform/foundation/Fatal.h"
 #include "platform/foundation/NSRunLoop.h"
 
 namespace bkuk {
@@ -13,6 +15,7 @@ namespace bkuk {
 namespace {
 
 constexpr double shortestInterval = 0.0001;
+constexpr std::string_view noTarget = "NSTimer: no target to call; give it one, or a block";
 
 Ref<NSTimer> scheduled(Ref<NSTimer> timer) {
   NSRunLoop::current().add(timer, NSDefaultRunLoopMode);
@@ -31,11 +34,11 @@ NSTimer::NSTimer(double timeInterval, Action action, Ref<NSObject> userInfo, boo
 
 NSTimer::NSTimer(double timeInterval, Ref<NSObject> target, Selector selector, Ref<NSObject> userInfo,
                  bool repeats)
-    : NSTimer(timeInterval, Action(TargetAction{std::move(target), selector}), std::move(userInfo), repeats) {
-}
+    : NSTimer(timeInterval, Action(TargetAction{required(std::move(target), noTarget), selector}),
+              std::move(userInfo), repeats) {}
 
 NSTimer::NSTimer(double timeInterval, bool repeats, Block block)
-    : NSTimer(timeInterval, Action(std::move(block)), {}, repeats) {}
+    : NSTimer(timeInterval, Action(required(std::move(block), "NSTimer: no block to call")), {}, repeats) {}
 
 Ref<NSTimer> NSTimer::scheduledTimer(double timeInterval, Ref<NSObject> target, Selector selector,
                                      Ref<NSObject> userInfo, bool repeats) {
@@ -48,7 +51,7 @@ Ref<NSTimer> NSTimer::scheduledTimer(double timeInterval, bool repeats, Block bl
 
 Ref<NSTimer> NSTimer::scheduledTimerWithWeakTarget(double timeInterval, NSObject* target, Selector selector,
                                                    Ref<NSObject> userInfo, bool repeats) {
-  Action action = WeakTargetAction{target, selector};
+  Action action = WeakTargetAction{required(target, noTarget), selector};
   return scheduled(make<NSTimer>(timeInterval, std::move(action), std::move(userInfo), repeats));
 }
 

@@ -22,7 +22,7 @@ SelectorTable::Action SelectorTable::find(Selector selector) const {
 }
 
 void detail::requireSender(bool fits) {
-  if (!fits) trap();
+  if (!fits) trap("NSObject: an operation was performed with a sender of another class than it takes");
 }
 
 }  // namespace bkuk

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "platform/foundation/Fatal.h"
+#include "platform/foundation/ObjectBehind.h"
 #include "platform/quartzcore/CALayerDelegate.h"
 #include "platform/quartzcore/LayerExtras.h"
 
@@ -160,10 +161,8 @@ CGRect CALayer::paintedBox() const { return CGRect::null; }
 CALayerDelegate* CALayer::delegate() const { return delegateObject_.isAlive() ? delegate_ : nullptr; }
 
 void CALayer::setDelegate(CALayerDelegate* delegate) {
-  auto* object = dynamic_cast<NSObject*>(delegate);
-  if (delegate && !object) fatal("the delegate of a layer must be an object", unit);
+  delegateObject_ = Weak<NSObject>(objectBehind(delegate));
   delegate_ = delegate;
-  delegateObject_ = Weak<NSObject>(object);
 }
 
 }  // namespace bkuk

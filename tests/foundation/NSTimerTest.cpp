@@ -75,9 +75,10 @@ TEST_F(NSTimerTest, MissedDatesAreSkippedAndTheGridIsKept) {
 }
 
 TEST_F(NSTimerTest, IntervalsThatAreNoTimeOrNoNumberCountAsTheShortest) {
+  const NSTimer::Block nothing = [](NSTimer&) {};
   for (const double interval : {0.0, -3.0, std::numeric_limits<double>::quiet_NaN()})
-    EXPECT_EQ(make<NSTimer>(interval, false, nullptr)->timeInterval(), 0.0001);
-  const auto never = make<NSTimer>(std::numeric_limits<double>::infinity(), false, nullptr);
+    EXPECT_EQ(make<NSTimer>(interval, false, nothing)->timeInterval(), 0.0001);
+  const auto never = make<NSTimer>(std::numeric_limits<double>::infinity(), false, nothing);
   NSRunLoop::main().add(never, NSDefaultRunLoopMode);
   EXPECT_EQ(NSRunLoop::main().nextFireDate(), std::nullopt);
   never->invalidate();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <gtest/gtest.h>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -24,6 +25,15 @@ std::optional<std::string> stopLine(Code code) {
   }
   setFatalHandler(before);
   return stopped;
+}
+
+/// The line on the standard error stream before the trap into which `code` runs; nothing when there is none.
+template <typename Code>
+std::string mistakeOf(Code code) {
+  testing::internal::CaptureStderr();
+  const auto stopped = stopLine(code);
+  const std::string said = testing::internal::GetCapturedStderr();
+  return stopped == "" ? said : std::string();
 }
 
 }  // namespace bkuk
