@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstdio>
 
+#include "platform/appkit/NSLayoutGuide.h"
 #include "platform/appkit/NSLayoutPart.h"
 #include "platform/appkit/NSView.h"
 #include "platform/foundation/Fatal.h"
@@ -50,10 +51,10 @@ bool canCompare(Attribute a, Attribute b) {
 std::string nameOf(const NSLayoutItem* item) {
   if (!item) return "(gone)";
   auto& object = const_cast<NSLayoutItem*>(item)->layoutObject();
-  if (const auto* view = dynamic_cast<const NSView*>(&object); view && !view->identifier().empty()) {
-    return view->identifier();
-  }
-  return object.className();
+  const auto* view = dynamic_cast<const NSView*>(&object);
+  const auto* guide = dynamic_cast<const NSLayoutGuide*>(&object);
+  const std::string identifier = view ? view->identifier() : guide ? guide->identifier() : std::string();
+  return object.className() + (identifier.empty() ? "" : " \"" + identifier + "\"");
 }
 
 std::string_view nameOf(Attribute attribute) {

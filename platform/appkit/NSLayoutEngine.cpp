@@ -8,6 +8,7 @@
 
 #include "platform/appkit/NSLayoutPart.h"
 #include "platform/appkit/NSView.h"
+#include "platform/foundation/Fatal.h"
 
 namespace bkuk {
 
@@ -479,9 +480,8 @@ void NSLayoutEngine::reportLeftOut() {
     if (record.state == RecordState::waiting) continue;
     const bool isLeftOut = std::ranges::count(solver_.dropped(), record.id) > 0;
     if (std::exchange(record.isLeftOut, isLeftOut) || !isLeftOut || purpose_ == Purpose::fitting) continue;
-    const std::string formula = constraint->description();
-    std::fprintf(stderr, "NSLayoutConstraint: required constraints contradict each other, left out: %s\n",
-                 formula.c_str());
+    reportMistake("NSLayoutConstraint: required constraints contradict each other, left out: " +
+                  constraint->description());
   }
 }
 

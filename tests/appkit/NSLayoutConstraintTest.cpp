@@ -237,9 +237,9 @@ TEST(NSLayoutConstraint, ContradictionsLeaveOneOutWithALine) {
   fixture.window->layoutIfNeeded();
   fixture.root->setFrameSize({110, 100});
   fixture.window->layoutIfNeeded();
-  EXPECT_EQ(
-      testing::internal::GetCapturedStderr(),
-      "NSLayoutConstraint: required constraints contradict each other, left out: picture.width >= 150\n");
+  EXPECT_EQ(testing::internal::GetCapturedStderr(),
+            "NSLayoutConstraint: required constraints contradict each other, left out: NSView "
+            "\"picture\".width >= 150\n");
   EXPECT_EQ(view->frame().size.width, 110);
   fixture.root->setFrameSize({300, 100});
   fixture.window->layoutIfNeeded();
