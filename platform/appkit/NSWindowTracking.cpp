@@ -28,7 +28,9 @@ void NSWindowTracking::add(NSView& view, NSTrackingArea& area) {
   if (area.has(NSTrackingMouseMoved)) ++moveListenerCount_;
   updateRect(area);
   auto& entry = entries_.back();
-  entry.isInside = area.has(NSTrackingAssumeInside) || isUnderPointer(entry);
+  // Also where the area is not active: its owner may go by the place alone, and hears of the exit then.
+  entry.isInside =
+      area.has(NSTrackingAssumeInside) || (pointer_.isInWindow && entry.box.contains(pointer_.location));
   groupsAreStale_ = true;
 }
 

@@ -32,6 +32,9 @@ const NSView& rootOf(const NSView& view) {
   return *root;
 }
 
+// A place for each window, for the virtual desktop does not know which of two covers the other.
+NSPoint cornerOf(int window) { return {(window % 4) * 480.0, window / 4 * 400.0}; }
+
 template <typename T>
 void dropOne(std::vector<T>& values, int index) {
   // The last reference may go, whose destructor changes the list.
@@ -318,10 +321,11 @@ void RandomUser::replaceContent() {
 
 void RandomUser::openWindow() {
   if (windows_.size() < mostWindows) {
-    const NSRect frame(random_.between(0, 300), random_.between(0, 300), 300, 200);
+    const NSPoint origin = cornerOf(++windowCount_);
+    const NSRect frame(origin.x, origin.y, 300, 200);
     windows_.push_back(random_.once(3) ? tracked(Ref<NSWindow>(make<NSPanel>(frame)))
                                        : tracked(Ref<NSWindow>(make<BKUKWindow>(frame))));
-    windows_.back()->setTitle(std::to_string(++windowCount_));
+    windows_.back()->setTitle(std::to_string(windowCount_));
   }
   if (const auto window = anyWindow()) window->makeKeyAndOrderFront();
 }
@@ -420,8 +424,8 @@ void RandomUser::changeDesktop() {
     case 0:
       return window->setScale(random_.from<double>({1, 1.25, 1.5, 2}));
     case 1:
-      return window->changeFrame({random_.between(0, 300), random_.between(0, 300), random_.between(10, 400),
-                                  random_.between(10, 300)});
+      return window->changeFrame(
+          {window->frame().x, window->frame().y, random_.between(10, 400), random_.between(10, 300)});
     case 2:
       return window->setExposed(random_.once(2));
     case 3:
@@ -473,19 +477,36 @@ std::string RandomUser::faultOf(NSView& view) const {
   return {};
 }
 
-// Of the window in which the pointer was moved last, with nothing done since.
+bool RandomUser::isHoveredFromAfar(const Ref<BKUKStatefulView>& view, std::string_view title) const {
+  const auto window = view ? view->window() : nullptr;
+  const bool isHovered = window && window->title() == title && window->isVisible() &&
+                         !view->isHiddenOrHasHiddenAncestor() &&
+                         view->state() == BKUKInteractionState::hover && window->firstResponder() != view;
+  if (!isHovered) return false;
+  const NSPoint base{pointer_.x, window->frame().size.height - pointer_.y};
+  return !NSMouseInRect(view->convertPointFrom(base, nullptr), view->bounds(), false);
+}
+
+// Of the window in which the pointer was moved last. The virtual desktop tells of no window that opens under
+// a still pointer, so a view that is hovered since then may hear of the pointer once before.
 std::string RandomUser::faultOfPointer() {
   const auto title = std::exchange(pointerWindow_, {});
-  for (const auto& weak : tracked_) {
+  const auto views = std::vector(tracked_);
+  for (const auto& weak : views) {
     const auto view = as<BKUKStatefulView>(weak.lock());
-    const auto window = view ? view->window() : nullptr;
-    const bool isHovered = window && window->title() == title && !view->isHiddenOrHasHiddenAncestor() &&
-                           view->state() == BKUKInteractionState::hover;
-    if (!isHovered || window->firstResponder() == view) continue;
-    const NSPoint base{pointer_.x, window->frame().size.height - pointer_.y};
-    if (!NSMouseInRect(view->convertPointFrom(base, nullptr), view->bounds(), false)) {
-      return "a view is hovered that is not under the pointer";
+    if (!isHoveredFromAfar(view, title)) continue;
+    const auto found = std::ranges::find(host_->windows(), title, &VirtualWindow::title);
+    const auto middle = view->convertPointTo({view->bounds().midX(), view->bounds().midY()}, nullptr);
+    const auto height = view->window()->frame().size.height;
+    const auto there = pointer_;
+    if (found == host_->windows().end() ||
+        !NSMouseInRect(middle, {{}, view->window()->frame().size}, false)) {
+      continue;
     }
+    (*found)->movePointer({middle.x, height - middle.y});
+    const auto again = std::ranges::find(host_->windows(), title, &VirtualWindow::title);
+    if (again != host_->windows().end()) (*again)->movePointer(there);
+    if (isHoveredFromAfar(view, title)) return "a view is hovered that is not under the pointer";
   }
   return {};
 }

@@ -80,6 +80,7 @@ class RandomUser final : public LivelyViewListener {
 
   [[nodiscard]] std::string faultOf(NSWindow& window) const;
   [[nodiscard]] std::string faultOf(NSView& view) const;
+  [[nodiscard]] bool isHoveredFromAfar(const Ref<BKUKStatefulView>& view, std::string_view title) const;
   [[nodiscard]] std::string faultOfPointer();
 
   VirtualHostScope host_;
