@@ -8,6 +8,7 @@
 #include "platform/foundation/NSRunLoop.h"
 #include "platform/foundation/NSThread.h"
 #include "platform/foundation/NSTimer.h"
+#include "platform/foundation/Permanent.h"
 
 namespace bkuk {
 
@@ -28,7 +29,7 @@ bool isMultiple(std::uint32_t frame, std::uint32_t spacing) {
 }  // namespace
 
 BKUKLinearAnimator& BKUKLinearAnimator::sharedInstance() {
-  static auto& animator = *new BKUKLinearAnimator;
+  static auto& animator = *permanent([] { return new BKUKLinearAnimator; });
   return animator;
 }
 
@@ -59,7 +60,7 @@ void BKUKLinearAnimator::add(Ref<AnimationInstance> instance) {
 
 void BKUKLinearAnimator::ensureTimer() {
   if (timer_ && timer_->isValid()) return;
-  timer_ = make<NSTimer>(FrameLength, Ref<NSObject>(this), Selector("onFrame"), nullptr, true);
+  timer_ = permanentObject<NSTimer>(FrameLength, Ref<NSObject>(this), Selector("onFrame"), nullptr, true);
   NSRunLoop::current().add(timer_, NSRunLoopCommonModes);
 }
 

@@ -7,6 +7,7 @@
 #include "platform/appkit/NSApplication.h"
 #include "platform/foundation/Fatal.h"
 #include "platform/foundation/NSNotificationCenter.h"
+#include "platform/foundation/Permanent.h"
 
 namespace bkuk {
 
@@ -17,7 +18,7 @@ void postChange() { NSNotificationCenter::default_().post(appAppearanceChanged()
 }  // namespace
 
 BKUKAppAppearanceObserver& BKUKAppAppearanceObserver::shared() {
-  static const auto& observer = *new Ref<BKUKAppAppearanceObserver>(make<BKUKAppAppearanceObserver>());
+  static const auto& observer = permanent([] { return make<BKUKAppAppearanceObserver>(); });
   return *observer;
 }
 

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "platform/foundation/Fatal.h"
+#include "platform/foundation/Permanent.h"
 
 namespace bkuk {
 
@@ -68,7 +69,7 @@ Ref<NSColor> BKUKTheme::color(BKUKThemeColorRole role) {
 }
 
 const BKUKThemeColorsProvider& BKUKTheme::provider() {
-  static const auto& resolved = *new Ref<ResolvedPalette>(make<ResolvedPalette>());
+  static const auto& resolved = permanent([] { return make<ResolvedPalette>(); });
   return *resolved;
 }
 

@@ -1,11 +1,12 @@
 #include "BrenvikUIKit/drawing/BKUKShadowSettings.h"
 
 #include "BrenvikUIKit/drawing/ColorEquality.h"
+#include "platform/foundation/Permanent.h"
 
 namespace bkuk {
 
 const BKUKShadowSettings& BKUKShadowSettings::noShadow() {
-  static const auto& settings = *new BKUKShadowSettings;
+  static const auto& settings = permanent([] { return BKUKShadowSettings(); });
   return settings;
 }
 

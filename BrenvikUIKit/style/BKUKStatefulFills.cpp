@@ -1,6 +1,7 @@
 #include "BrenvikUIKit/style/BKUKStatefulFills.h"
 
 #include "platform/foundation/Fatal.h"
+#include "platform/foundation/Permanent.h"
 
 namespace bkuk {
 
@@ -14,7 +15,7 @@ std::optional<Ref<NSColor>> colorOf(const BKUKFill& fill) {
 }  // namespace
 
 const BKUKStatefulFills& BKUKStatefulPresets<BKUKFill>::clear() {
-  static const auto& fills = *new BKUKStatefulFills(BKUKFill::clear());
+  static const auto& fills = permanent([] { return BKUKStatefulFills(BKUKFill::clear()); });
   return fills;
 }
 

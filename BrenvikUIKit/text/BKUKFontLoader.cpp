@@ -6,6 +6,7 @@
 #include "BrenvikUIKit/text/LanguageFonts.h"
 #include "platform/coretext/CTFontManager.h"
 #include "platform/foundation/Fatal.h"
+#include "platform/foundation/Permanent.h"
 
 namespace bkuk {
 
@@ -16,7 +17,7 @@ constexpr const char* unit = "BrenvikUIKit/BKUKFontLoader";
 }  // namespace
 
 BKUKFontLoader& BKUKFontLoader::shared() {
-  static const auto& loader = *new Ref<BKUKFontLoader>(make<BKUKFontLoader>());
+  static const auto& loader = permanent([] { return make<BKUKFontLoader>(); });
   return *loader;
 }
 

@@ -3,11 +3,12 @@
 #include "BrenvikUIKit/text/BKUKFontLoader.h"
 #include "BrenvikUIKit/text/FontKey.h"
 #include "platform/appkit/NSParagraphStyle.h"
+#include "platform/foundation/Permanent.h"
 
 namespace bkuk {
 
 BKUKFontManager& BKUKFontManager::shared() {
-  static const auto& manager = *new Ref<BKUKFontManager>(make<BKUKFontManager>());
+  static const auto& manager = permanent([] { return make<BKUKFontManager>(); });
   return *manager;
 }
 

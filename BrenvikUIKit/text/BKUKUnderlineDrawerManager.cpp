@@ -2,10 +2,12 @@
 
 #include <utility>
 
+#include "platform/foundation/Permanent.h"
+
 namespace bkuk {
 
 BKUKUnderlineDrawerManager& BKUKUnderlineDrawerManager::shared() {
-  static const auto& manager = *new Ref<BKUKUnderlineDrawerManager>(make<BKUKUnderlineDrawerManager>());
+  static const auto& manager = permanent([] { return make<BKUKUnderlineDrawerManager>(); });
   return *manager;
 }
 

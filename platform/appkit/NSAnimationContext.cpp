@@ -6,6 +6,7 @@
 #include "platform/foundation/DispatchQueue.h"
 #include "platform/foundation/Fatal.h"
 #include "platform/foundation/NSThread.h"
+#include "platform/foundation/Permanent.h"
 #include "platform/quartzcore/CATransaction.h"
 
 namespace bkuk {
@@ -23,7 +24,8 @@ class NSAnimationContext::Levels {
   void pop() { levels_.pop_back(); }
 
  private:
-  std::vector<Ref<NSAnimationContext>> levels_{make<NSAnimationContext>()};
+  // The base stays as long as the thread.
+  std::vector<Ref<NSAnimationContext>> levels_{permanentObject<NSAnimationContext>()};
 };
 
 NSAnimationContext::NSAnimationContext(Values values) : values_(std::move(values)) {}

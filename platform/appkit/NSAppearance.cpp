@@ -6,6 +6,7 @@
 
 #include "platform/appkit/NSApplication.h"
 #include "platform/foundation/Fatal.h"
+#include "platform/foundation/Permanent.h"
 
 namespace bkuk {
 
@@ -50,7 +51,7 @@ Ref<NSAppearance> NSAppearance::named(std::string_view name) {
   const Kind* kind = findKind(name);
   if (!kind) return make<NSAppearance>(name);
   auto& appearance = known[static_cast<std::size_t>(kind - kinds.data())];
-  if (!appearance) appearance = make<NSAppearance>(name);
+  if (!appearance) appearance = permanent([&] { return make<NSAppearance>(name); });
   return appearance;
 }
 

@@ -7,6 +7,7 @@
 #include "platform/appkit/NSGraphicsContext.h"
 #include "platform/foundation/Fatal.h"
 #include "platform/foundation/NSCoder.h"
+#include "platform/foundation/Permanent.h"
 
 namespace bkuk {
 
@@ -133,37 +134,37 @@ Ref<NSColor> NSColor::deviceCyan(CGFloat cyan, CGFloat magenta, CGFloat yellow, 
 Ref<NSColor> NSColor::withCGColor(const Ref<CGColor>& color) { return make<NSComponentColor>(color); }
 
 const Ref<NSColor>& NSColor::clear() {
-  static const auto& color = *new Ref<NSColor>(genericGamma22White(0, 0));
+  static const auto& color = permanent([] { return genericGamma22White(0, 0); });
   return color;
 }
 
 const Ref<NSColor>& NSColor::black() {
-  static const auto& color = *new Ref<NSColor>(genericGamma22White(0, 1));
+  static const auto& color = permanent([] { return genericGamma22White(0, 1); });
   return color;
 }
 
 const Ref<NSColor>& NSColor::white() {
-  static const auto& color = *new Ref<NSColor>(genericGamma22White(1, 1));
+  static const auto& color = permanent([] { return genericGamma22White(1, 1); });
   return color;
 }
 
 const Ref<NSColor>& NSColor::gray() {
-  static const auto& color = *new Ref<NSColor>(genericGamma22White(0.5, 1));
+  static const auto& color = permanent([] { return genericGamma22White(0.5, 1); });
   return color;
 }
 
 const Ref<NSColor>& NSColor::red() {
-  static const auto& color = *new Ref<NSColor>(srgbRed(1, 0, 0, 1));
+  static const auto& color = permanent([] { return srgbRed(1, 0, 0, 1); });
   return color;
 }
 
 const Ref<NSColor>& NSColor::green() {
-  static const auto& color = *new Ref<NSColor>(srgbRed(0, 1, 0, 1));
+  static const auto& color = permanent([] { return srgbRed(0, 1, 0, 1); });
   return color;
 }
 
 const Ref<NSColor>& NSColor::blue() {
-  static const auto& color = *new Ref<NSColor>(srgbRed(0, 0, 1, 1));
+  static const auto& color = permanent([] { return srgbRed(0, 0, 1, 1); });
   return color;
 }
 

@@ -2,6 +2,7 @@
 
 #include "platform/appkit/NSApplication.h"
 #include "platform/appkit/NSWindow.h"
+#include "platform/foundation/Permanent.h"
 
 namespace bkuk {
 
@@ -15,17 +16,17 @@ Ref<NSCursor>& currentCursor() {
 }  // namespace
 
 const Ref<NSCursor>& NSCursor::arrow() {
-  static const auto& cursor = *new Ref<NSCursor>(make<NSCursor>(host::CursorShape::arrow));
+  static const auto& cursor = permanent([] { return make<NSCursor>(host::CursorShape::arrow); });
   return cursor;
 }
 
 const Ref<NSCursor>& NSCursor::pointingHand() {
-  static const auto& cursor = *new Ref<NSCursor>(make<NSCursor>(host::CursorShape::pointingHand));
+  static const auto& cursor = permanent([] { return make<NSCursor>(host::CursorShape::pointingHand); });
   return cursor;
 }
 
 const Ref<NSCursor>& NSCursor::IBeam() {
-  static const auto& cursor = *new Ref<NSCursor>(make<NSCursor>(host::CursorShape::iBeam));
+  static const auto& cursor = permanent([] { return make<NSCursor>(host::CursorShape::iBeam); });
   return cursor;
 }
 

@@ -4,6 +4,7 @@
 #include <new>
 
 #include "platform/appkit/NSWindow.h"
+#include "platform/foundation/NSThread.h"
 
 namespace bkuk {
 
@@ -28,7 +29,7 @@ NSEvent::~NSEvent() = default;
 
 void* NSEvent::operator new(std::size_t size) {
   auto& spare = sparePlaces();
-  if (size != sizeof(NSEvent) || spare.count == 0) return ::operator new(size);
+  if (size != sizeof(NSEvent) || spare.count == 0 || !NSThread::isMainThread()) return ::operator new(size);
   return spare.places[--spare.count];
 }
 

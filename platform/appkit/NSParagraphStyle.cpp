@@ -2,10 +2,12 @@
 
 #include <functional>
 
+#include "platform/foundation/Permanent.h"
+
 namespace bkuk {
 
 const Ref<NSParagraphStyle>& NSParagraphStyle::default_() {
-  static const auto& style = *new Ref<NSParagraphStyle>(make<NSParagraphStyle>());
+  static const auto& style = permanent([] { return make<NSParagraphStyle>(); });
   return style;
 }
 

@@ -5,6 +5,7 @@
 #include <initializer_list>
 
 #include "platform/foundation/Fatal.h"
+#include "platform/foundation/Permanent.h"
 
 namespace bkuk {
 
@@ -66,17 +67,17 @@ Ref<CGColor> CGColor::cmyk(CGFloat cyan, CGFloat magenta, CGFloat yellow, CGFloa
 }
 
 const Ref<CGColor>& CGColor::black() {
-  static const auto& color = *new Ref<CGColor>(gray(0));
+  static const auto& color = permanent([] { return gray(0); });
   return color;
 }
 
 const Ref<CGColor>& CGColor::white() {
-  static const auto& color = *new Ref<CGColor>(gray(1));
+  static const auto& color = permanent([] { return gray(1); });
   return color;
 }
 
 const Ref<CGColor>& CGColor::clear() {
-  static const auto& color = *new Ref<CGColor>(gray(0, 0));
+  static const auto& color = permanent([] { return gray(0, 0); });
   return color;
 }
 

@@ -1,5 +1,7 @@
 #include "platform/coregraphics/CGColorSpace.h"
 
+#include "platform/foundation/Permanent.h"
+
 namespace bkuk {
 
 const Ref<CGColorSpace>& CGColorSpace::sRGB() {
@@ -33,7 +35,7 @@ const Ref<CGColorSpace>& CGColorSpace::deviceCMYK() {
 }
 
 const Ref<CGColorSpace>& CGColorSpace::shared(std::string_view name, CGColorSpaceModel model) {
-  return *new Ref<CGColorSpace>(Ref<CGColorSpace>::adopt(new CGColorSpace(name, model)));
+  return permanent([&] { return Ref<CGColorSpace>::adopt(new CGColorSpace(name, model)); });
 }
 
 std::size_t CGColorSpace::numberOfComponents() const {

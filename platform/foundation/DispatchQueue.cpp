@@ -5,11 +5,12 @@
 #include "platform/foundation/BlockQueue.h"
 #include "platform/foundation/Fatal.h"
 #include "platform/foundation/NSRunLoop.h"
+#include "platform/foundation/Permanent.h"
 
 namespace bkuk {
 
 DispatchQueue& DispatchQueue::main() {
-  static auto& queue = *new DispatchQueue;
+  static auto& queue = *permanent([] { return new DispatchQueue; });
   return queue;
 }
 

@@ -29,6 +29,9 @@ class DispatchQueue final : public NSObject {
   [[nodiscard]] const std::string& label() const { return label_; }
   void async(Block block);
 
+ protected:
+  [[nodiscard]] bool mayDieOnAnyThread() const noexcept override { return true; }
+
  private:
   friend class NSRunLoop;
   DispatchQueue();

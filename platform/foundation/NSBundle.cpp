@@ -5,6 +5,7 @@
 #include <map>
 
 #include "platform/foundation/ClassName.h"
+#include "platform/foundation/Permanent.h"
 
 namespace bkuk {
 
@@ -60,7 +61,7 @@ void NSBundle::setMain(std::string_view resourcePath) { registry().main = &bundl
 NSBundle& NSBundle::bundle(std::string_view resourcePath) {
   const auto path = normalized(resourcePath);
   auto& bundle = registry().bundles[path];
-  if (!bundle) bundle = make<NSBundle>(path);
+  if (!bundle) bundle = permanent([&] { return make<NSBundle>(path); });
   return *bundle;
 }
 

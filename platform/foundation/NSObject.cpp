@@ -5,7 +5,10 @@
 #include <vector>
 
 #include "platform/foundation/ClassName.h"
+#include "platform/foundation/DispatchQueue.h"
 #include "platform/foundation/Fatal.h"
+#include "platform/foundation/LiveObjects.h"
+#include "platform/foundation/NSThread.h"
 
 namespace bkuk {
 
@@ -22,6 +25,7 @@ thread_local std::vector<const NSObject*>* waitingForDestruction = nullptr;
 }  // namespace
 
 NSObject::~NSObject() {
+  if (isCounted_.load(std::memory_order_relaxed)) LiveObjects::remove(*this);
   WeakCell* cell = cell_.load(std::memory_order_acquire);
   if (!cell) return;
   cell->clear();
@@ -47,11 +51,32 @@ void NSObject::retain() const {
     fatal("An object that is being destroyed was referenced", unit);
 }
 
+// What may be the last reference is looked at before it goes: a weak reference could otherwise no longer find
+// an object that waits for the main thread.
 void NSObject::release() const noexcept {
+  auto count = count_.load(std::memory_order_relaxed);
+  while (count > 1) {
+    if (count_.compare_exchange_weak(count, count - 1, std::memory_order_acq_rel)) return;
+  }
+  if (!NSThread::isMainThread() && !mayDieOnAnyThread()) return handToMainThread();
   if (count_.fetch_sub(1, std::memory_order_acq_rel) != 1) return;
   if (WeakCell* cell = cell_.load(std::memory_order_acquire)) cell->clear();
   destroy(this);
 }
+
+void NSObject::handToMainThread() const noexcept {
+  DispatchQueue::main().async([last = Ref<const NSObject>::adopt(this)] {});
+}
+
+std::size_t NSObject::liveCount(std::string_view className) {
+  std::size_t count = 0;
+  for (const auto& [name, living] : LiveObjects::byClass()) {
+    if (className.empty() || name == className) count += living;
+  }
+  return count;
+}
+
+void NSObject::countBirth() const { LiveObjects::add(*this); }
 
 bool NSObject::retainIfAlive() const noexcept {
   auto count = count_.load(std::memory_order_relaxed);

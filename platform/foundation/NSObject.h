@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "platform/foundation/Ref.h"
 #include "platform/foundation/Selector.h"
@@ -16,7 +17,8 @@ namespace bkuk {
 ///
 /// Objects are made with `make<T>(...)` and held by `Ref<T>`. Counting and weak references are atomic,
 /// so that an object may be held and let go on any thread, even one whose members belong to the main
-/// thread.
+/// thread: a last reference that goes elsewhere is handed to the main queue, which lets it go in its
+/// next turn. Until then weak references still find the object.
 class NSObject {
  public:
   NSObject(const NSObject&) = delete;
@@ -37,13 +39,24 @@ class NSObject {
   void retain() const;
   void release() const noexcept;
 
+  /// How many objects are alive of that class, by its plain name and without those of derived classes; of
+  /// all classes without a name. Only objects made while `LiveObjects` counted are known, and of those
+  /// none that is made to stay for good. For tests; to be asked while no other thread makes objects.
+  [[nodiscard]] static std::size_t liveCount(std::string_view className = {});
+
  protected:
-  NSObject() = default;
+  NSObject() {
+    if (isCounted_.load(std::memory_order_relaxed)) countBirth();
+  }
   virtual ~NSObject();
 
   /// Called once by `make`, on the complete object. Whatever calls overridable members while an object
   /// is set up belongs here and not in a constructor. Overrides call the base first.
   virtual void didInit() {}
+
+  /// Whether the last reference may destroy the object on whichever thread lets it go. Only for classes
+  /// whose destruction, that of their members included, touches nothing of the main thread's.
+  [[nodiscard]] virtual bool mayDieOnAnyThread() const noexcept { return false; }
 
   /// The operations that the class performs by name: a static table that names its base's.
   [[nodiscard]] virtual const SelectorTable& selectors() const;
@@ -54,10 +67,15 @@ class NSObject {
   template <typename T>
   friend class Weak;
   friend class WeakCell;
+  friend class LiveObjects;
 
+  void countBirth() const;
+  void handToMainThread() const noexcept;
   bool retainIfAlive() const noexcept;
   [[nodiscard]] WeakCell* weakCell() const;
   static void destroy(const NSObject* object) noexcept;
+
+  inline static std::atomic<bool> isCounted_{false};
 
   // The creator's reference is counted from the start, so that a constructor may hand out references.
   mutable std::atomic<std::uint32_t> count_{1};

@@ -10,6 +10,7 @@
 #include "platform/foundation/Fatal.h"
 #include "platform/foundation/NSThread.h"
 #include "platform/foundation/NSTimer.h"
+#include "platform/foundation/Permanent.h"
 
 namespace bkuk {
 
@@ -66,7 +67,7 @@ bool NSRunLoop::FiresEarlier::operator()(const Ref<NSTimer>& a, const Ref<NSTime
 NSRunLoop::NSRunLoop() : observers_(std::make_shared<const Observers>()) {}
 
 NSRunLoop& NSRunLoop::main() {
-  static auto& loop = *new NSRunLoop;
+  static auto& loop = *permanent([] { return new NSRunLoop; });
   return loop;
 }
 

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "host/Host.h"
+#include "platform/foundation/Permanent.h"
 
 namespace bkuk {
 
@@ -34,7 +35,7 @@ std::optional<T> as(std::optional<NSUserDefaults::Value> value) {
 }  // namespace
 
 NSUserDefaults& NSUserDefaults::standard() {
-  static auto& defaults = *new NSUserDefaults;
+  static auto& defaults = *permanent([] { return new NSUserDefaults; });
   return defaults;
 }
 

@@ -83,6 +83,8 @@ TEST_F(NSAnimationContextTest, AViewsOwnLayerAnimatesOnlyWhereTheContextAllowsIt
     fade(0.75);
     EXPECT_TRUE(fading());
   });
+  host->advance(1);
+  EXPECT_FALSE(fading());
 }
 
 TEST_F(NSAnimationContextTest, WhatTheBaseLevelSaysHoldsForTheGroups) {

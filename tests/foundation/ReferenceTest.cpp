@@ -1,8 +1,13 @@
 #include <functional>
 #include <gtest/gtest.h>
 #include <thread>
+#include <vector>
 
 #include "platform/foundation/NSObject.h"
+#include "platform/foundation/NSThread.h"
+#include "platform/foundation/Permanent.h"
+#include "testing/LiveObjectBaseline.h"
+#include "testing/VirtualHostScope.h"
 
 namespace bkuk {
 namespace {
@@ -14,6 +19,9 @@ struct Node : NSObject {
   ~Node() override {
     if (onDestruction) onDestruction(*this);
   }
+
+ protected:
+  bool mayDieOnAnyThread() const noexcept override { return true; }
 };
 
 TEST(Reference, WeakTakenInTheConstructorReadsEmptyBeforeTheDestructorRuns) {
@@ -70,6 +78,46 @@ TEST(Reference, FirstWeakReferencesMayBeTakenOnTwoThreads) {
     other.join();
     EXPECT_EQ(first.lock(), second.lock());
   }
+}
+
+// As views, windows, events and timers are: their destructors touch tables of the main thread.
+struct MainThreadNode : Node {
+ protected:
+  bool mayDieOnAnyThread() const noexcept override { return false; }
+};
+
+TEST(Reference, ALastReferenceThatGoesOnAnotherThreadIsLetGoOnTheMainOne) {
+  constexpr int count = 1000;
+  std::vector<Ref<Node>> nodes;
+  int destroyed = 0;
+  for (int i = 0; i < count; ++i) {
+    nodes.push_back(make<MainThreadNode>());
+    nodes.back()->onDestruction = [&](Node&) { destroyed += NSThread::isMainThread() ? 1 : count; };
+  }
+  const Weak<Node> first(nodes.front());
+  std::thread one([copies = nodes] {});
+  std::thread other([copies = std::move(nodes)] {});
+  one.join();
+  other.join();
+  EXPECT_TRUE(first.lock()) << "still whole until the main thread lets it go";
+  EXPECT_EQ(destroyed, 0);
+  const VirtualHostScope host;
+  host->settle();
+  EXPECT_FALSE(first.isAlive());
+  EXPECT_EQ(destroyed, count);
+}
+
+struct Counted : NSObject {};
+struct CountedMore : Counted {};
+
+TEST(Reference, LivingObjectsAreCountedByTheirClass) {
+  const LiveObjectBaseline baseline;
+  const Ref<Counted> objects[] = {make<Counted>(), make<Counted>(), make<CountedMore>()};
+  static const auto& constant = permanent([] { return make<CountedMore>(); });
+  EXPECT_TRUE(constant);
+  EXPECT_EQ(NSObject::liveCount("Counted"), 2U);
+  EXPECT_EQ(NSObject::liveCount("CountedMore"), 1U) << "constants are not counted";
+  EXPECT_EQ(baseline.growth(), "Counted +2, CountedMore +1");
 }
 
 struct Dial : NSObject {
