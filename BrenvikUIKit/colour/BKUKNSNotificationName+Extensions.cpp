@@ -3,7 +3,7 @@
 namespace bkuk {
 
 NSNotificationName appAppearanceChanged() {
-  static const NSNotificationName name("AppAppearanceChanged");
+  static const auto& name = *new NSNotificationName("AppAppearanceChanged");
   return name;
 }
 

@@ -4,7 +4,6 @@
 
 #include "platform/appkit/NSAccessibilityRecord.h"
 #include "platform/appkit/NSAccessibilityTree.h"
-#include "platform/foundation/Interning.h"
 
 namespace bkuk {
 
@@ -45,12 +44,12 @@ void NSAccessibility::postIfKnown(NSAccessibilityNotificationName name) {
 // What it is
 
 NSAccessibilityRole NSAccessibility::accessibilityRole() const {
-  const auto role = accessibilityRecord().role;
-  return role.empty() ? NSAccessibilityUnknownRole : role;
+  const auto& role = accessibilityRecord().role;
+  return role ? role.view() : NSAccessibilityUnknownRole;
 }
 
 void NSAccessibility::setAccessibilityRole(NSAccessibilityRole role) {
-  changedRecord().role = interned(role);
+  changedRecord().role = CountedText(role);
 }
 
 std::string NSAccessibility::accessibilityLabel() const { return accessibilityRecord().label; }

@@ -4,6 +4,7 @@
 
 #include "host/Accessibility.h"
 #include "platform/appkit/NSAccessibility.h"
+#include "platform/foundation/CountedText.h"
 
 namespace bkuk {
 
@@ -24,7 +25,7 @@ struct NSAccessibilityRecord {
     return answer == Answer::byClass ? byClass : answer == Answer::yes;
   }
 
-  NSAccessibilityRole role;  // interned; empty when not set
+  CountedText role;  // none when not set
   std::string label;
   std::string identifier;
   NSAccessibilityValue value;

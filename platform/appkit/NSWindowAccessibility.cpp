@@ -6,8 +6,8 @@
 namespace bkuk {
 
 NSAccessibilityRole NSWindow::accessibilityRole() const {
-  const auto role = accessibilityRecord().role;
-  return role.empty() ? NSAccessibilityWindowRole : role;
+  const auto& role = accessibilityRecord().role;
+  return role ? role.view() : NSAccessibilityWindowRole;
 }
 
 std::string NSWindow::accessibilityLabel() const {

@@ -11,7 +11,7 @@ namespace bkuk {
 class NSNotification final : public NSObject {
  public:
   explicit NSNotification(NSNotificationName name, Ref<NSObject> object = {}, Ref<NSObject> userInfo = {})
-      : name_(name), object_(std::move(object)), userInfo_(std::move(userInfo)) {}
+      : name_(std::move(name)), object_(std::move(object)), userInfo_(std::move(userInfo)) {}
 
   [[nodiscard]] NSNotificationName name() const { return name_; }
   [[nodiscard]] NSObject* object() const { return object_.get(); }

@@ -10,6 +10,7 @@
 
 #include "platform/foundation/DispatchQueue.h"
 #include "platform/foundation/Fatal.h"
+#include "platform/foundation/Permanent.h"
 
 namespace bkuk {
 
@@ -26,9 +27,12 @@ class NSNotificationCenter::Registration final : public NSObject {
   };
 
   Registration(NSNotificationName name, NSObject* object, std::variant<Target, Handler> receiver)
-      : name_(name), wantsObject_(object != nullptr), object_(object), receiver_(std::move(receiver)) {}
+      : name_(std::move(name)),
+        wantsObject_(object != nullptr),
+        object_(object),
+        receiver_(std::move(receiver)) {}
 
-  [[nodiscard]] NSNotificationName name() const { return name_; }
+  [[nodiscard]] const NSNotificationName& name() const { return name_; }
   [[nodiscard]] std::uint64_t order() const { return order_; }
   void setOrder(std::uint64_t order) { order_ = order; }
 
@@ -103,10 +107,16 @@ class NSNotificationCenter::Bucket {
     }
   }
 
+  /// Nothing but gaps is left.
+  [[nodiscard]] bool isEmpty() const { return gaps_ == slots_.size(); }
+  void removeSpent() {
+    removeIf([](const Registration& registration) { return registration.isSpent(); });
+  }
+
   /// Cheap on average: works only when enough has changed since the last time.
   void tidy() {
     if (slots_.size() >= sizeToSweep_) {
-      removeIf([](const Registration& registration) { return registration.isSpent(); });
+      removeSpent();
       closeGaps();
       sizeToSweep_ = std::max(smallestSweep, 2 * slots_.size());
     } else if (gaps_ * 2 > slots_.size()) {
@@ -119,7 +129,6 @@ class NSNotificationCenter::Bucket {
     std::uint64_t order;
     Ref<Registration> registration;
   };
-  static constexpr std::size_t smallestSweep = 32;
 
   void closeGaps() {
     std::erase_if(slots_, [](const Slot& slot) { return !slot.registration; });
@@ -144,6 +153,7 @@ class NSNotificationCenter::Walk {
     for (Bucket* bucket : buckets_) {
       if (bucket) bucket->tidy();
     }
+    center_.forgetEmptyBuckets();
   }
   Walk(const Walk&) = delete;
   Walk& operator=(const Walk&) = delete;
@@ -182,7 +192,7 @@ NSNotificationCenter::NSNotificationCenter() = default;
 NSNotificationCenter::~NSNotificationCenter() = default;
 
 NSNotificationCenter& NSNotificationCenter::default_() {
-  static auto& center = *new NSNotificationCenter;
+  static auto& center = *permanent([] { return new NSNotificationCenter; });
   return center;
 }
 
@@ -204,24 +214,49 @@ void NSNotificationCenter::add(Ref<Registration> registration) {
   registration->setOrder(++lastOrder_);
   Bucket& bucket = buckets_[registration->name()];
   bucket.append(std::move(registration));
-  if (walks_ == 0) bucket.tidy();
+  if (walks_ != 0) return;
+  bucket.tidy();
+  forgetEmptyBuckets();
 }
 
 void NSNotificationCenter::removeObserver(NSObject* observer) {
   if (const auto* token = dynamic_cast<Registration*>(observer)) return remove(*token);
   for (auto& [name, bucket] : buckets_) {
     bucket.removeIf([&](const Registration& registration) { return registration.isObservedBy(observer); });
+    if (bucket.isEmpty()) hasEmptyBuckets_ = true;
   }
+  if (walks_ == 0) forgetEmptyBuckets();
+}
+
+// What goes with a registration may come back here, so the table itself changes only afterwards.
+void NSNotificationCenter::removeSpent() {
+  std::vector<Bucket*> all;
+  for (auto& [name, bucket] : buckets_) all.push_back(&bucket);
+  ++walks_;
+  for (Bucket* bucket : all) bucket->removeSpent();
+  --walks_;
+}
+
+// Also those whose observers have all died, once there are many more names than the last time.
+void NSNotificationCenter::forgetEmptyBuckets() {
+  const bool isTimeToSweep = buckets_.size() >= bucketsToSweep_;
+  if (!std::exchange(hasEmptyBuckets_, false) && !isTimeToSweep) return;
+  if (isTimeToSweep) removeSpent();
+  std::erase_if(buckets_, [](const auto& entry) { return entry.second.isEmpty(); });
+  if (isTimeToSweep) bucketsToSweep_ = std::max(smallestSweep, 2 * buckets_.size());
 }
 
 void NSNotificationCenter::remove(const Registration& token) {
   Bucket* bucket = find(token.name());
   if (!bucket) return;
   bucket->remove(token);
-  if (walks_ == 0) bucket->tidy();
+  if (bucket->isEmpty()) hasEmptyBuckets_ = true;
+  if (walks_ != 0) return;
+  bucket->tidy();
+  forgetEmptyBuckets();
 }
 
-NSNotificationCenter::Bucket* NSNotificationCenter::find(NSNotificationName name) {
+NSNotificationCenter::Bucket* NSNotificationCenter::find(const NSNotificationName& name) {
   const auto found = buckets_.find(name);
   return found != buckets_.end() && found->second.size() != 0 ? &found->second : nullptr;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <unordered_map>
@@ -47,13 +48,18 @@ class NSNotificationCenter final : public NSObject {
   class Walk;
 
   /// None when nobody has registered for that name.
-  [[nodiscard]] Bucket* find(NSNotificationName name);
+  [[nodiscard]] Bucket* find(const NSNotificationName& name);
   void add(Ref<Registration> registration);
   void remove(const Registration& token);
+  void removeSpent();
+  void forgetEmptyBuckets();
 
+  static constexpr std::size_t smallestSweep = 32;
   std::unordered_map<NSNotificationName, Bucket> buckets_;  // by name; the absent name holds those for any
   std::uint64_t lastOrder_ = 0;
   int walks_ = 0;
+  bool hasEmptyBuckets_ = false;
+  std::size_t bucketsToSweep_ = smallestSweep;
 };
 
 }  // namespace bkuk

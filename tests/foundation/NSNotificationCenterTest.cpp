@@ -115,6 +115,32 @@ TEST_F(NSNotificationCenterTest, DeadObserversAndSubjectsDropOut) {
   EXPECT_FALSE(isHeld) << "a block that can never be called again is let go of";
 }
 
+// Programs make names from ids; a token that was removed, and an observer that died, leave none behind.
+TEST_F(NSNotificationCenterTest, NamesThatNobodyHoldsAreForgotten) {
+  const auto before = CountedText::livingCount();
+  for (int i = 0; i < 10'000; ++i) {
+    const NSNotificationName name("document " + std::to_string(i));
+    const auto token = observe(name, name.text().substr(0, 8) == "document" ? "heard" : "");
+    center->addObserver(make<Listener>().get(), "hear", NSNotificationName("dying " + std::to_string(i)));
+    center->post(name);
+    center->removeObserver(token.get());
+  }
+  EXPECT_EQ(log.size(), 10'000U);
+  EXPECT_LT(CountedText::livingCount(), before + 200);
+}
+
+TEST_F(NSNotificationCenterTest, ANameThatIsRemovedAndTakenUpDuringItsPostIsHeard) {
+  Ref<NSObject> token;
+  token = center->addObserver("changed", nullptr, nullptr, [&](NSNotification&) {
+    center->removeObserver(token.get());
+    observe("changed", "again");
+  });
+  center->post("changed");
+  EXPECT_TRUE(log.empty());
+  center->post("changed");
+  EXPECT_EQ(log, Log{"again"});
+}
+
 TEST_F(NSNotificationCenterTest, ABlockWithAQueueRunsThereUnlessItIsRemovedBefore) {
   auto& queue = DispatchQueue::main();
   const auto kept = center->addObserver("changed", nullptr, &queue, [&](NSNotification& notification) {
