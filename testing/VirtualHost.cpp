@@ -123,7 +123,7 @@ std::unique_ptr<host::Canvas> VirtualHost::makeCanvas(host::Bitmap& bitmap) {
 }
 
 void VirtualHost::announce(const host::AccessibilityChange& change) {
-  if (screenReader_) screenReader_->changes_.push_back(change);
+  if (screenReader_) screenReader_->note(change);
 }
 
 // --- for its windows

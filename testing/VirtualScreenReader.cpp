@@ -77,6 +77,11 @@ bool VirtualScreenReader::setValue(Id id, double value) {
 
 // --- what it was told
 
+void VirtualScreenReader::note(const host::AccessibilityChange& change) {
+  if (changes_.size() == mostChanges) changes_.erase(changes_.begin(), changes_.begin() + mostChanges / 2);
+  changes_.push_back(change);
+}
+
 std::size_t VirtualScreenReader::count(Kind kind, Id id) const {
   return static_cast<std::size_t>(std::ranges::count_if(
       changes_, [&](const auto& change) { return change.kind == kind && change.id == id; }));

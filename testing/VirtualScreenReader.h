@@ -49,6 +49,7 @@ class VirtualScreenReader final {
 
   // What it was told
 
+  /// Since it was made or made to forget; of very many the latest.
   [[nodiscard]] const std::vector<host::AccessibilityChange>& changes() const { return changes_; }
   /// How often it was told of such a change of that element.
   [[nodiscard]] std::size_t count(Kind kind, Id id) const;
@@ -57,6 +58,9 @@ class VirtualScreenReader final {
  private:
   friend class VirtualHost;
 
+  static constexpr std::size_t mostChanges = 100'000;
+
+  void note(const host::AccessibilityChange& change);
   [[nodiscard]] host::AccessibilityTree& tree() const;
   template <typename Fits>
   [[nodiscard]] Id findIf(Fits&& fits) const;

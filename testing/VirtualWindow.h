@@ -66,7 +66,8 @@ class VirtualWindow final : public host::Window {
   /// The premultiplied 0xAARRGGBB pixel shown at a device position; 0 outside the window.
   [[nodiscard]] std::uint32_t pixel(int x, int y) const;
   [[nodiscard]] int presentCount() const { return presentCount_; }
-  /// The damage of all presents since `forgetPresents`, in device pixels.
+  /// The damage of all presents since `forgetPresents`, in device pixels; of very many, what surrounds those
+  /// that came first.
   [[nodiscard]] const std::vector<host::PixelRect>& presentedDamage() const { return presentedDamage_; }
   /// Counts and collects from nothing again.
   void forgetPresents();

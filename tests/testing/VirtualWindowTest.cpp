@@ -134,6 +134,17 @@ TEST_F(VirtualWindowTest, PresentsCoverOnlyTheirDamage) {
   EXPECT_EQ(at(0).presentCount(), 1);
 }
 
+TEST_F(VirtualWindowTest, ALongRunKeepsWhereDamageWasButNotAllOfIt) {
+  const host::Bitmap image(window->pixelSize());
+  for (int i = 0; i < 10'000; ++i) {
+    const host::PixelRect damage[] = {{i % 40, i % 30, 2, 1}};
+    window->present(image, damage);
+  }
+  const auto& kept = at(0).presentedDamage();
+  EXPECT_LT(kept.size(), 2000U);
+  EXPECT_EQ(kept.front(), (host::PixelRect{0, 0, 41, 30}));
+}
+
 TEST_F(VirtualWindowTest, FramesAreClampedAndToldOnlyWhenTheyChange) {
   window->setFrame({100, 100, 50, 40});
   desktop.settle();
