@@ -19,6 +19,8 @@ int listPages() {
 
 int runWindow(const GalleryOptions& options) {
   auto& application = NSApplication::shared();
+  application.setApplicationName("BrenvikUIKit Gallery");
+  application.setDesktopIdentifier("bkuk-gallery");
   const auto gallery = makeGalleryWindow(options);
   gallery.window->makeKeyAndOrderFront();
   if (options.exitAfterFirstFrame) {

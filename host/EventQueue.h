@@ -17,6 +17,10 @@ class EventQueue {
   void push(Window& window, WindowClient& client, WindowEvent event);
   [[nodiscard]] bool isEmpty() const { return entries_.empty(); }
 
+  /// The oldest event; null when there is none.
+  [[nodiscard]] const WindowEvent* next() const {
+    return entries_.empty() ? nullptr : &entries_.front().event;
+  }
   /// Takes the oldest event out and hands it to its client, which may destroy any window meanwhile.
   /// False when there was none.
   bool dispatch();

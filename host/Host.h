@@ -10,6 +10,7 @@
 
 #include "host/Accessibility.h"
 #include "host/Appearance.h"
+#include "host/Bitmap.h"
 #include "host/Canvas.h"
 #include "host/ImageFile.h"
 #include "host/Text.h"
@@ -28,6 +29,13 @@ struct SystemVersion {
   int major = 14;
   int minor = 0;
   auto operator<=>(const SystemVersion&) const = default;
+};
+
+/// How the desktop knows the program.
+struct ApplicationIdentity {
+  std::string name;       ///< UTF-8, as users read it; empty for the program file's
+  std::string desktopId;  ///< of its desktop file, without ".desktop"; empty for the program file's name
+  std::shared_ptr<const Bitmap> icon;  ///< absent to leave it to the desktop file
 };
 
 /// The library's run loop, as a host sees it.
@@ -75,6 +83,8 @@ class Host {
   /// False when there is nobody to show windows to.
   [[nodiscard]] virtual bool hasDisplay() const = 0;
   virtual void beep() = 0;
+  /// Takes effect for windows that are made later; desktops read the id from the first one at the latest.
+  virtual void setIdentity(const ApplicationIdentity& identity) = 0;
 
   // Drawing
 
@@ -85,7 +95,8 @@ class Host {
 
   // Answers
 
-  /// A cached answer; costs no call to another process.
+  /// A cached answer; costs no call to another process. The desktop's own from the start, where it gave one
+  /// within 50 ms of the host's making.
   [[nodiscard]] virtual Appearance appearance() const = 0;
   /// `changed` is called from `dispatchEvent` after each real change.
   virtual void setAppearanceHandler(std::function<void()> changed) = 0;

@@ -74,7 +74,8 @@ class Window {
   [[nodiscard]] virtual double scale() const = 0;
   /// The size of the image that `present` expects.
   [[nodiscard]] virtual PixelSize pixelSize() const = 0;
-  /// Where the pointer is now, in points of the content, also when that is outside the window.
+  /// Where the pointer is in this turn of the loop, in points of the content, also when that is outside the
+  /// window. Cheap to ask often: a host asks the desktop once in a turn at most.
   [[nodiscard]] virtual Point pointerPosition() const = 0;
 
   /// Brings the damaged pixels of `image`, which covers the whole content, to the screen. Ignored

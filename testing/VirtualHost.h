@@ -56,6 +56,8 @@ class VirtualHost final : public host::Host {
   void setCanPlaceWindows(bool canPlace) { canPlaceWindows_ = canPlace; }
   void setHasDisplay(bool hasDisplay) { hasDisplay_ = hasDisplay; }
   [[nodiscard]] int beepCount() const { return beepCount_; }
+  /// What the application said of itself.
+  [[nodiscard]] const host::ApplicationIdentity& identity() const { return identity_; }
 
   // Its answers
 
@@ -82,6 +84,7 @@ class VirtualHost final : public host::Host {
   [[nodiscard]] bool canPlaceWindows() const override { return canPlaceWindows_; }
   [[nodiscard]] bool hasDisplay() const override { return hasDisplay_; }
   void beep() override { ++beepCount_; }
+  void setIdentity(const host::ApplicationIdentity& identity) override { identity_ = identity; }
   [[nodiscard]] std::unique_ptr<host::Canvas> makeCanvas(host::Bitmap& bitmap) override;
   [[nodiscard]] host::Fonts& fonts() override { return *fonts_; }
   [[nodiscard]] host::DecodedImage decodeImage(std::span<const std::byte> file) const override;
@@ -130,6 +133,7 @@ class VirtualHost final : public host::Host {
   bool canPlaceWindows_ = true;
   bool hasDisplay_ = true;
   int beepCount_ = 0;
+  host::ApplicationIdentity identity_;
   host::AccessibilityTree* accessibilityTree_ = nullptr;
   VirtualScreenReader* screenReader_ = nullptr;
   std::unique_ptr<host::Fonts> fonts_;

@@ -1,11 +1,13 @@
 #include "host/qt/QtAppearance.h"
 
-#include <QtCore/QFileInfo>
+#include <QtCore/QThread>
 #include <QtDBus/QDBusArgument>
 #include <QtDBus/QDBusPendingCallWatcher>
 #include <QtDBus/QDBusPendingReply>
 #include <QtDBus/QDBusVariant>
 #include <algorithm>
+
+#include "host/qt/SessionBus.h"
 
 namespace bkuk::host {
 
@@ -16,12 +18,8 @@ const QString portalPath = QStringLiteral("/org/freedesktop/portal/desktop");
 const QString settingsInterface = QStringLiteral("org.freedesktop.portal.Settings");
 const QString appearanceNamespace = QStringLiteral("org.freedesktop.appearance");
 
-// Asking for the session bus where there is none would start one.
-bool hasSessionBus() {
-  if (!qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS")) return true;
-  const auto runtimeDirectory = qEnvironmentVariable("XDG_RUNTIME_DIR");
-  return !runtimeDirectory.isEmpty() && QFileInfo::exists(runtimeDirectory + "/bus");
-}
+constexpr int patience = 50;  // milliseconds
+constexpr int pause = 1;      // between two looks for answers, milliseconds
 
 // Portals wrap a value in one variant or, for historical reasons, in two.
 QVariant unwrapped(QVariant value) {
@@ -56,7 +54,8 @@ std::optional<Rgba> accentFrom(const QVariant& value) {
 
 }  // namespace
 
-QtAppearance::QtAppearance(std::function<void(const Appearance&)> announce) : announce_(std::move(announce)) {
+QtAppearance::QtAppearance(std::function<void(const Appearance&)> announce)
+    : announce_(std::move(announce)), patience_(patience) {
   if (!hasSessionBus()) return;
   auto bus = QDBusConnection::sessionBus();
   if (!bus.isConnected()) return;
@@ -71,23 +70,42 @@ void QtAppearance::ask(QDBusConnection& bus, const QString& key) {
   auto message =
       QDBusMessage::createMethodCall(portalService, portalPath, settingsInterface, QStringLiteral("Read"));
   message << appearanceNamespace << key;
-  unanswered_.insert(key);
-  auto* watcher = new QDBusPendingCallWatcher(bus.asyncCall(message), this);
+  const auto call = bus.asyncCall(message);
+  unanswered_.insert_or_assign(key, call);
+  auto* watcher = new QDBusPendingCallWatcher(call, this);
   connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, key](QDBusPendingCallWatcher* done) {
-    const QDBusPendingReply<QDBusVariant> reply = *done;
-    // A change announced in the meantime is fresher than the answer.
-    if (reply.isValid() && unanswered_.contains(key)) apply(key, unwrapped(reply.value().variant()));
-    answered(key);
+    takeAnswer(key, *done);
     done->deleteLater();
   });
+}
+
+// A change announced in the meantime is fresher than the answer.
+void QtAppearance::takeAnswer(const QString& key, const QDBusPendingCall& call) {
+  if (unanswered_.erase(key) == 0) return;
+  const QDBusPendingReply<QDBusVariant> reply = call;
+  if (!reply.isValid()) return;
+  apply(key, unwrapped(reply.value().variant()));
+  announce_(appearance_);
+}
+
+// The replies come in on the bus's own thread. The loop must not run meanwhile: events of the application
+// would be delivered inside of whatever asked for the host.
+void QtAppearance::awaitFirstAnswers() {
+  const auto isAnswered = [](const auto& question) { return question.second.isFinished(); };
+  while (!std::ranges::all_of(unanswered_, isAnswered) && !patience_.hasExpired()) QThread::msleep(pause);
+  const auto questions = unanswered_;
+  for (const auto& [key, call] : questions) {
+    if (call.isFinished()) takeAnswer(key, call);
+  }
 }
 
 void QtAppearance::settingChanged(const QDBusMessage& message) {
   const auto arguments = message.arguments();
   if (arguments.size() != 3 || arguments[0].toString() != appearanceNamespace) return;
   const auto key = arguments[1].toString();
+  unanswered_.erase(key);
   apply(key, unwrapped(arguments[2]));
-  answered(key);
+  announce_(appearance_);
 }
 
 void QtAppearance::apply(const QString& key, const QVariant& value) {
@@ -100,12 +118,6 @@ void QtAppearance::apply(const QString& key, const QVariant& value) {
   } else if (key == QLatin1String("accent-color")) {
     appearance_.accent = accentFrom(value);
   }
-}
-
-// One announcement for all that was asked at the start, so that nobody repaints four times.
-void QtAppearance::answered(const QString& key) {
-  unanswered_.erase(key);
-  if (unanswered_.empty()) announce_(appearance_);
 }
 
 }  // namespace bkuk::host

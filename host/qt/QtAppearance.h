@@ -1,26 +1,32 @@
 #pragma once
 
+#include <QtCore/QDeadlineTimer>
 #include <QtCore/QObject>
 #include <QtCore/QString>
 #include <QtCore/QVariant>
 #include <QtDBus/QDBusConnection>
 #include <QtDBus/QDBusMessage>
+#include <QtDBus/QDBusPendingCall>
 #include <functional>
-#include <set>
+#include <map>
 
 #include "host/Appearance.h"
 
 namespace bkuk::host {
 
-/// Listens to the settings of the desktop portal. Nothing here waits for another process: the answers
-/// come in with the other events, and without a bus or a portal none ever does.
+/// Listens to the settings of the desktop portal. Answers come in with the other events, and count one by
+/// one; without a bus or a portal none ever does. Nothing here waits for another process but
+/// `awaitFirstAnswers`.
 class QtAppearance : public QObject {
   Q_OBJECT
 
  public:
-  /// `announce` hears the whole appearance, first when all questions of the start have been answered and
-  /// then with each setting that the desktop changes.
+  /// `announce` hears the whole appearance, with each answer and with each setting that the desktop changes.
   explicit QtAppearance(std::function<void(const Appearance&)> announce);
+
+  /// Waits until every question of the start is answered, and no longer than 50 ms from the asking, then
+  /// announces what there is.
+  void awaitFirstAnswers();
 
  private slots:
   void settingChanged(const QDBusMessage& message);
@@ -28,11 +34,12 @@ class QtAppearance : public QObject {
  private:
   void ask(QDBusConnection& bus, const QString& key);
   void apply(const QString& key, const QVariant& value);
-  void answered(const QString& key);
+  void takeAnswer(const QString& key, const QDBusPendingCall& call);
 
   std::function<void(const Appearance&)> announce_;
   Appearance appearance_;
-  std::set<QString> unanswered_;
+  std::map<QString, QDBusPendingCall> unanswered_;
+  QDeadlineTimer patience_;
 };
 
 }  // namespace bkuk::host

@@ -1,10 +1,16 @@
 #include "host/qt/QtApplication.h"
 
 #include <QtGui/QGuiApplication>
+#include <QtGui/QIcon>
+#include <QtGui/QPixmap>
+#include <QtGui/QWindow>
 #include <array>
 #include <errno.h>
+#include <utility>
 
+#include "host/qt/QtConversions.h"
 #include "host/qt/QtWindow.h"
+#include "host/qt/SessionBus.h"
 
 namespace bkuk::host {
 
@@ -48,6 +54,8 @@ QtApplication::QtApplication(Purpose purpose) : isAdopted_(QCoreApplication::ins
 }
 
 void QtApplication::make(Purpose purpose) {
+  // Qt's own parts join the bus while the object is made, and would wait there for ever.
+  if (purpose == Purpose::windows) static_cast<void>(hasSessionBus());
   // Without this an assistive program that starts after us would never find us.
   if (!qEnvironmentVariableIsSet("QT_LINUX_ACCESSIBILITY_ALWAYS_ON")) {
     qputenv("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", "1");
@@ -56,6 +64,25 @@ void QtApplication::make(Purpose purpose) {
   static const auto& application = *new QGuiApplication(arguments.count, arguments.values.data());
   static_cast<void>(application);
   QGuiApplication::setQuitOnLastWindowClosed(false);
+}
+
+void QtApplication::identify(const ApplicationIdentity& identity) {
+  desktopId_ = identity.desktopId;
+  if (!identity.name.empty()) QCoreApplication::setApplicationName(QString::fromStdString(identity.name));
+  if (!desktopId_.empty()) QGuiApplication::setDesktopFileName(QString::fromStdString(desktopId_));
+  if (identity.icon) {
+    QGuiApplication::setWindowIcon(QIcon(QPixmap::fromImage(sharedImage(*identity.icon).copy())));
+  }
+}
+
+// The class of all windows is that which the application's name gives to the first.
+void QtApplication::nameClass(QWindow& window) {
+  const auto id = QString::fromStdString(std::exchange(desktopId_, {}));
+  if (id.isEmpty() || !isX11()) return;
+  const QString name = QCoreApplication::applicationName();
+  QCoreApplication::setApplicationName(id);
+  window.create();
+  QCoreApplication::setApplicationName(name);
 }
 
 bool QtApplication::hasDisplay() const { return platform_ != "offscreen" && platform_ != "minimal"; }

@@ -4,7 +4,10 @@
 #include <string>
 #include <vector>
 
+#include "host/Host.h"
+
 class QGuiApplication;
+class QWindow;
 
 namespace bkuk::host {
 
@@ -30,6 +33,11 @@ class QtApplication {
   /// The X Window System, where popups grab the pointer themselves.
   [[nodiscard]] bool isX11() const;
 
+  /// What is empty stays as it is.
+  void identify(const ApplicationIdentity& identity);
+  /// To be called with each new native window: the first takes the desktop id along, where windows tell it.
+  void nameClass(QWindow& window);
+
   /// Registered windows lose their native part before an adopted application object goes: what is left of
   /// Qt's windows after that brings the process down.
   void add(QtWindow& window) { windows_.push_back(&window); }
@@ -42,6 +50,7 @@ class QtApplication {
 
   bool isAdopted_;
   std::string platform_;
+  std::string desktopId_;
   std::vector<QtWindow*> windows_;
 };
 

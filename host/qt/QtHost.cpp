@@ -1,6 +1,7 @@
 #include "host/qt/QtHost.h"
 
 #include <QtCore/QLocale>
+#include <QtGui/QCursor>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QScreen>
 
@@ -18,16 +19,33 @@ namespace {
 // Where there is no screen, as on a compositor whose outputs are all off.
 const Screen fallbackScreen{{0, 0, 1280, 800}, {0, 0, 1280, 800}, 1};
 
+Point pointerOnScreen() {
+  const QPoint position = QCursor::pos();
+  return {double(position.x()), double(position.y())};
+}
+
+// Whether the event tells of a pointer over one of our windows.
+bool tellsPointer(const WindowEvent& event) {
+  const auto* pointer = std::get_if<PointerEvent>(&event);
+  if (!pointer) return std::holds_alternative<WheelEvent>(event);
+  return pointer->kind != PointerEvent::Kind::leave && pointer->kind != PointerEvent::Kind::cancel;
+}
+
 }  // namespace
 
 QtHost::QtHost()
     : application_(QtApplication::shared(QtApplication::Purpose::windows)),
+      pointer_(pointerOnScreen),
       loop_([this] { return hasEvent(); }),
       accessibility_([this] { loop_.noteQueued(); }),
       portal_([this](const Appearance& appearance) {
         appearance_.announce(appearance);
         if (appearance_.hasChange()) loop_.noteQueued();
-      }) {}
+      }) {
+  // Before there is a window, so that none is shown in another look first.
+  portal_.awaitFirstAnswers();
+  appearance_.deliver();
+}
 
 QtHost::~QtHost() = default;
 
@@ -35,7 +53,14 @@ QtHost::~QtHost() = default;
 bool QtHost::dispatchEvent() {
   if (!hasEvent()) loop_.pump();
   accessibility_.eventBegins();
+  const auto* next = queue_.next();
+  if (next && tellsPointer(*next)) pointer_.recall();
   return appearance_.deliver() || accessibility_.deliver() || queue_.dispatch();
+}
+
+void QtHost::scheduleTurn(std::optional<double> date) {
+  pointer_.turnEnds();
+  loop_.schedule(date);
 }
 
 bool QtHost::hasEvent() const {
@@ -66,6 +91,8 @@ bool QtHost::canPlaceWindows() const { return application_.canPlaceWindows(); }
 bool QtHost::hasDisplay() const { return application_.hasDisplay(); }
 
 void QtHost::beep() { ringBell(); }
+
+void QtHost::setIdentity(const ApplicationIdentity& identity) { application_.identify(identity); }
 
 std::unique_ptr<Canvas> QtHost::makeCanvas(Bitmap& bitmap) { return std::make_unique<QtCanvas>(bitmap); }
 

@@ -5,6 +5,7 @@
 #include "host/AppearanceRelay.h"
 #include "host/EventQueue.h"
 #include "host/Host.h"
+#include "host/PointerMemory.h"
 #include "host/qt/EventClock.h"
 #include "host/qt/QtAccessibility.h"
 #include "host/qt/QtAppearance.h"
@@ -26,7 +27,7 @@ class QtHost final : public Host {
   void wait(std::optional<double> until) override { loop_.wait(until); }
   void wake() override { loop_.wake(); }
   void setLoopClient(LoopClient* client) override { loop_.setClient(client); }
-  void scheduleTurn(std::optional<double> date) override { loop_.schedule(date); }
+  void scheduleTurn(std::optional<double> date) override;
 
   [[nodiscard]] std::unique_ptr<Window> makeWindow(const WindowOptions& options,
                                                    WindowClient& client) override;
@@ -34,6 +35,7 @@ class QtHost final : public Host {
   [[nodiscard]] bool canPlaceWindows() const override;
   [[nodiscard]] bool hasDisplay() const override;
   void beep() override;
+  void setIdentity(const ApplicationIdentity& identity) override;
 
   [[nodiscard]] std::unique_ptr<Canvas> makeCanvas(Bitmap& bitmap) override;
   [[nodiscard]] Fonts& fonts() override { return fonts_; }
@@ -55,6 +57,8 @@ class QtHost final : public Host {
   [[nodiscard]] QtApplication& application() { return application_; }
   [[nodiscard]] QtAccessibility& accessibility() { return accessibility_; }
   [[nodiscard]] EventClock& eventClock() { return eventClock_; }
+  /// Where the pointer is on the screen, in points.
+  [[nodiscard]] PointerMemory& pointer() { return pointer_; }
   void push(Window& window, WindowClient& client, WindowEvent event);
   void drop(const Window& window) { queue_.drop(window); }
 
@@ -64,6 +68,7 @@ class QtHost final : public Host {
   QtApplication& application_;
   EventClock eventClock_;
   EventQueue queue_;
+  PointerMemory pointer_;
   AppearanceRelay appearance_;
   QtLoop loop_;
   QtAccessibility accessibility_;

@@ -54,6 +54,7 @@ QtWindow::QtWindow(QtHost& host, const WindowOptions& options, WindowClient& cli
     surface_->setTransientParent(parent->surface_.get());
   QObject::connect(surface_.get(), &QWindow::screenChanged, surface_.get(), [this] { refreshScale(); });
   setFrame(options.frame);
+  host_.application().nameClass(*surface_);
   scale_ = surface_->devicePixelRatio();
 }
 
@@ -146,8 +147,9 @@ PixelSize QtWindow::pixelSize() const {
 
 Point QtWindow::pointerPosition() const {
   if (!surface_) return {};
-  const QPoint position = surface_->mapFromGlobal(QCursor::pos());
-  return {double(position.x()), double(position.y())};
+  const Point onScreen = host_.pointer().position();
+  const QPointF position = surface_->mapFromGlobal(QPointF(onScreen.x, onScreen.y));
+  return {position.x(), position.y()};
 }
 
 void QtWindow::present(const Bitmap& image, std::span<const PixelRect> damage) {
@@ -167,6 +169,7 @@ bool QtWindow::handle(QEvent& event) {
       push(pointer_.enter(sampleOf(static_cast<QEnterEvent&>(event))));
       return true;
     case QEvent::Leave:
+      host_.pointer().loseSight();
       push(pointer_.leave({pointerPosition(), {}, host_.now()}));
       return true;
     case QEvent::Wheel:
@@ -227,8 +230,14 @@ double QtWindow::dateOf(const QInputEvent& event) const {
 }
 
 PointerSample QtWindow::sampleOf(const QSinglePointEvent& event) const {
+  noteOnScreen(event);
   const QPointF position = event.position();
   return {{position.x(), position.y()}, modifiersFrom(event.modifiers()), dateOf(event)};
+}
+
+void QtWindow::noteOnScreen(const QSinglePointEvent& event) const {
+  const QPointF position = event.globalPosition();
+  host_.pointer().see({position.x(), position.y()});
 }
 
 bool QtWindow::isOutsideProgram(const QPointF& position) const {
@@ -236,6 +245,7 @@ bool QtWindow::isOutsideProgram(const QPointF& position) const {
 }
 
 bool QtWindow::handleWheel(const QWheelEvent& event) {
+  noteOnScreen(event);
   push(wheelEventFrom(event, dateOf(event)));
   return true;
 }

@@ -66,6 +66,7 @@ class QtWindow final : public Window {
   void applySizeLimits();
   [[nodiscard]] double dateOf(const QInputEvent& event) const;
   [[nodiscard]] PointerSample sampleOf(const QSinglePointEvent& event) const;
+  void noteOnScreen(const QSinglePointEvent& event) const;
   [[nodiscard]] bool isOutsideProgram(const QPointF& position) const;
 
   QtHost& host_;

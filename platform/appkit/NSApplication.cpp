@@ -1,15 +1,18 @@
 #include "platform/appkit/NSApplication.h"
 
 #include <algorithm>
+#include <cstdio>
 #include <utility>
 
 #include "host/Host.h"
 #include "platform/appkit/NSAccessibilityTree.h"
 #include "platform/appkit/NSEventMonitor.h"
+#include "platform/appkit/NSImage.h"
 #include "platform/appkit/NSWindow.h"
 #include "platform/foundation/NSKeyValueObservation.h"
 #include "platform/foundation/NSRunLoop.h"
 #include "platform/foundation/NSThread.h"
+#include "platform/foundation/Permanent.h"
 #include "platform/quartzcore/CATransaction.h"
 
 namespace bkuk {
@@ -18,6 +21,17 @@ namespace {
 
 // Layers and windows come last in a turn, after everything that may still change them.
 constexpr int commitOrder = 1000;
+
+// The pixels across of an application's icon; desktops scale it down to what they show.
+constexpr int iconSide = 128;
+
+std::shared_ptr<const host::Bitmap> iconBitmap(const NSImage& image) {
+  const auto bitmap = std::make_shared<host::Bitmap>(host::PixelSize{iconSide, iconSide});
+  const auto context = make<CGContext>(*bitmap, CGAffineTransform{1, 0, 0, -1, 0, iconSide});
+  const NSGraphicsContextScope scope(make<NSGraphicsContext>(context, false));
+  image.draw(CGRect(0, 0, iconSide, iconSide));
+  return bitmap;
+}
 
 Ref<NSAppearance> appearanceOf(const host::Appearance& answer) {
   switch (answer.scheme) {
@@ -36,7 +50,7 @@ Ref<NSAppearance> appearanceOf(const host::Appearance& answer) {
 }  // namespace
 
 NSApplication& NSApplication::shared() {
-  static NSApplication& application = *[] {
+  static NSApplication& application = *permanent([] {
     NSThread::becomeMainThread();
     auto* made = make<NSApplication>().detach();
     NSRunLoop::main().addTurnEndObserver(commitOrder, [made] { made->commit(); });
@@ -45,7 +59,7 @@ NSApplication& NSApplication::shared() {
     host::addInstallObserver([](host::Host& host) { attached->attach(host); });
     made->refreshEffectiveAppearance();
     return made;
-  }();
+  });
   return application;
 }
 
@@ -54,7 +68,40 @@ NSApplication::NSApplication() = default;
 void NSApplication::attach(host::Host& host) {
   host.setAccessibilityTree(&NSAccessibilityTree::shared());
   host.setAppearanceHandler([this] { refreshEffectiveAppearance(); });
+  tellIdentity(host);
   if (effectiveAppearance_) refreshEffectiveAppearance();
+}
+
+// How the desktop knows it
+
+void NSApplication::setApplicationName(std::string name) {
+  applicationName_ = std::move(name);
+  identityDidChange("setApplicationName");
+}
+
+void NSApplication::setDesktopIdentifier(std::string identifier) {
+  desktopIdentifier_ = std::move(identifier);
+  identityDidChange("setDesktopIdentifier");
+}
+
+void NSApplication::setApplicationIconImage(Ref<NSImage> image) {
+  applicationIconImage_ = std::move(image);
+  identityDidChange("setApplicationIconImage");
+}
+
+void NSApplication::identityDidChange(std::string_view setter) const {
+  const bool isLate =
+      std::ranges::any_of(windows(), [](const auto& window) { return window->hostWindow_ != nullptr; });
+  if (isLate) {
+    std::fprintf(stderr, "NSApplication: a window was shown already; call %s before the first one is\n",
+                 std::string(setter).c_str());
+  }
+  if (auto* host = host::currentIfAny()) tellIdentity(*host);
+}
+
+void NSApplication::tellIdentity(host::Host& host) const {
+  host.setIdentity({applicationName_, desktopIdentifier_,
+                    applicationIconImage_ ? iconBitmap(*applicationIconImage_) : nullptr});
 }
 
 // Appearance and answers

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -14,6 +15,7 @@ namespace host {
 class Host;
 }
 
+class NSImage;
 class NSWindow;
 
 /// The process's one application object: its appearance, its windows and where its events go.
@@ -49,6 +51,21 @@ class NSApplication : public NSResponder {
   /// The event being sent; absent outside `sendEvent`.
   [[nodiscard]] const Ref<NSEvent>& currentEvent() const { return currentEvent_; }
 
+  // How the desktop knows the application; to be set before the first window is made, for desktops read it
+  // with that and most never again
+
+  /// As users read it, for instance in a list of programs; empty, as at first, for the program file's name.
+  [[nodiscard]] const std::string& applicationName() const { return applicationName_; }
+  void setApplicationName(std::string name);
+  /// The name of the application's desktop file without ".desktop", as "org.example.Editor". By it the
+  /// desktop finds the icon and groups the windows: it is the application id on Wayland and the class of
+  /// windows on X11. Empty, as at first, for the program file's name.
+  [[nodiscard]] const std::string& desktopIdentifier() const { return desktopIdentifier_; }
+  void setDesktopIdentifier(std::string identifier);
+  /// For desktops that take the icon from the windows, as X11's do; others take it from the desktop file.
+  [[nodiscard]] const Ref<NSImage>& applicationIconImage() const { return applicationIconImage_; }
+  void setApplicationIconImage(Ref<NSImage> image);
+
   [[nodiscard]] Ref<NSObject> delegate() const { return delegate_.lock(); }
   void setDelegate(NSObject* delegate) { delegate_ = delegate; }
 
@@ -73,6 +90,8 @@ class NSApplication : public NSResponder {
   friend class NSWindow;
 
   void attach(host::Host& host);
+  void tellIdentity(host::Host& host) const;
+  void identityDidChange(std::string_view setter) const;
   void refreshEffectiveAppearance();
   void tellWindowsOfAppearance();
   void commit();
@@ -85,6 +104,9 @@ class NSApplication : public NSResponder {
   void setKeyWindow(NSWindow* window);
   bool performOnChain(NSWindow& window, Selector selector, NSObject* sender);
 
+  std::string applicationName_;
+  std::string desktopIdentifier_;
+  Ref<NSImage> applicationIconImage_;
   Ref<NSAppearance> appearance_;
   Ref<NSAppearance> effectiveAppearance_;
   std::optional<NSUserInterfaceLayoutDirection> direction_;

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/appkit/NSApplication.h"
+#include "platform/appkit/NSImage.h"
 #include "platform/foundation/NSKeyValueObservation.h"
 #include "testing/VirtualHostScope.h"
 #include "tests/appkit/RecordingView.h"
@@ -12,6 +13,33 @@ namespace {
 using testing::ElementsAre;
 
 std::string_view effectiveName() { return NSApplication::shared().effectiveAppearance()->name(); }
+
+// A host that comes later, as the desktop's does, is told too.
+TEST(NSApplicationIdentity, ReachesTheHostBeforeTheFirstWindowAndComplainsAfter) {
+  auto& application = NSApplication::shared();
+  application.setApplicationName("The Editor");
+  const VirtualHostScope host;
+  EXPECT_EQ(host->identity().name, "The Editor");
+  testing::internal::CaptureStderr();
+  application.setDesktopIdentifier("org.example.Editor");
+  application.setApplicationIconImage(make<NSImage>(NSSize(16, 16), false, [](const CGRect& rect) {
+    NSColor::white()->setFill();
+    NSRectFill(rect);
+    return true;
+  }));
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+  EXPECT_EQ(host->identity().desktopId, "org.example.Editor");
+  ASSERT_TRUE(host->identity().icon);
+  EXPECT_EQ(host->identity().icon->row(64)[127], 0xFFFFFFFF) << "drawn to the edge, in the icon's own pixels";
+  const auto window = make<NSWindow>(NSRect(0, 0, 10, 10));
+  window->orderFront();
+  testing::internal::CaptureStderr();
+  application.setDesktopIdentifier("");
+  EXPECT_THAT(testing::internal::GetCapturedStderr(), testing::HasSubstr("call setDesktopIdentifier before"));
+  window->close();
+  application.setApplicationName("");
+  application.setApplicationIconImage(nullptr);
+}
 
 class Handler : public NSObject {
  public:

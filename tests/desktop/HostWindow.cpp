@@ -1,12 +1,15 @@
 // One window on the bare host, for the tests of the real desktop: paints itself in a colour that tells the
 // appearance and says on standard output what happens to it, one line each.
 //
-//   host_window [--adopt] [--frame X,Y,WIDTH,HEIGHT] [--translucent] [--hide-on-press]
+//   host_window [--adopt] [--frame X,Y,WIDTH,HEIGHT] [--translucent] [--hide-on-press] [--ask-pointer]
+//               [--identity NAME ID]
 //
-// --adopt makes an application object of its own first and lets its loop run. The process ends when the
-// window is asked to close, or when standard input does.
+// --ask-pointer asks 200 times where the pointer is, as so many controls would, with each turn of the wheel.
+// --identity tells the desktop a name and an id. --adopt makes an application object of its own first and
+// lets its loop run. The process ends when the window is asked to close, or when standard input does.
 
 #include <QtGui/QGuiApplication>
+#include <chrono>
 #include <cstdarg>
 #include <cstdio>
 #include <memory>
@@ -23,6 +26,8 @@ namespace {
 struct Options {
   bool adopts = false;
   bool hidesOnPress = false;
+  bool asksPointer = false;
+  ApplicationIdentity identity;
   WindowOptions window{.frame = {50, 40, 300, 200}};
 };
 
@@ -63,6 +68,8 @@ class Program final : public WindowClient, public LoopClient {
  public:
   explicit Program(const Options& options) : options_(options), host_(current()) {
     host_.setLoopClient(this);
+    host_.setIdentity(options.identity);
+    tellAppearance();
     host_.setAppearanceHandler([this] { tellAppearance(); });
     window_ = host_.makeWindow(options.window, *this);
     window_->setTitle("host window");
@@ -102,7 +109,12 @@ class Program final : public WindowClient, public LoopClient {
     if (event.kind == PointerEvent::Kind::press && options_.hidesOnPress) window_->hide();
   }
 
-  void handle(const WheelEvent& event) { say("wheel %g %g", event.deltaX, event.deltaY); }
+  void handle(const WheelEvent& event) {
+    Point pointer;
+    for (int i = 0; i < 200 && options_.asksPointer; ++i) pointer = window_->pointerPosition();
+    if (options_.asksPointer) say("pointer %g,%g", pointer.x, pointer.y);
+    say("wheel %g %g", event.deltaX, event.deltaY);
+  }
 
   void handle(const KeyEvent& event) {
     static constexpr const char* kinds[] = {"key", "keyup", "modifiers"};
@@ -167,6 +179,10 @@ class Program final : public WindowClient, public LoopClient {
   bool isDone_ = false;
 };
 
+double currentTime() {
+  return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
+}
+
 Options parse(int count, char** words) {
   Options options;
   for (int i = 1; i < count; ++i) {
@@ -175,6 +191,11 @@ Options parse(int count, char** words) {
     if (word == "--adopt") options.adopts = true;
     if (word == "--translucent") options.window.translucent = true;
     if (word == "--hide-on-press") options.hidesOnPress = true;
+    if (word == "--ask-pointer") options.asksPointer = true;
+    if (word == "--identity" && i + 2 < count) {
+      options.identity.name = words[++i];
+      options.identity.desktopId = words[++i];
+    }
     if (word == "--frame" && i + 1 < count) {
       std::sscanf(words[++i], "%lf,%lf,%lf,%lf", &frame.x, &frame.y, &frame.width, &frame.height);
     }
@@ -188,7 +209,9 @@ int run(int count, char** words) {
   const auto options = parse(count, words);
   std::optional<QGuiApplication> application;
   if (options.adopts) application.emplace(count, words);
+  const double start = currentTime();
   static auto& program = *new Program(options);
+  say("opened after %.0f ms", 1000 * (currentTime() - start));
   std::thread([] {
     while (std::fgetc(stdin) != EOF) continue;
     program.finish();

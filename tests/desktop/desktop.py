@@ -9,6 +9,7 @@ import os
 import pathlib
 import queue
 import shutil
+import socket
 import subprocess
 import sys
 import tempfile
@@ -185,6 +186,14 @@ class Desktop:
         self.portal = self.run(sys.executable, str(portal), *settings)
         self.portal.expect('ready')
 
+    def start_silent_bus(self):
+        """A session bus that accepts connections and never says anything."""
+        address = f'{self.runtime_directory}/silent-bus'
+        listener = self.cleanup.enter_context(socket.socket(socket.AF_UNIX))
+        listener.bind(address)
+        listener.listen()
+        self.environment['DBUS_SESSION_BUS_ADDRESS'] = f'unix:path={address}'
+
     def run(self, *command, **environment):
         process = Process(command, self.environment | environment)
         self.cleanup.callback(process.stop)
@@ -281,6 +290,39 @@ class X11(Desktop):
             self._inject(X.KeyPress, code)
         for code in reversed(codes):
             self._inject(X.KeyRelease, code)
+
+    @contextlib.contextmanager
+    def counted_pointer_queries(self):
+        """A list that gets an entry for each time a program asks the server where the pointer is."""
+        from Xlib import display
+        from Xlib.ext import record
+        query_pointer = 38
+        ranges = {'core_requests': (query_pointer, query_pointer), 'core_replies': (0, 0),
+                  'ext_requests': (0, 0, 0, 0), 'ext_replies': (0, 0, 0, 0), 'delivered_events': (0, 0),
+                  'device_events': (0, 0), 'errors': (0, 0), 'client_started': False, 'client_died': False}
+        queries = []
+        request_length = 8
+
+        def hear(reply):
+            if reply.category == record.FromClient:
+                queries.extend([query_pointer] * (len(reply.data) // request_length))
+            elif reply.category == record.StartOfData:
+                started.set()
+
+        started = threading.Event()
+        listener = display.Display(self.environment['DISPLAY'])
+        context = self.display.record_create_context(0, [record.AllClients], [ranges])
+        thread = threading.Thread(target=listener.record_enable_context, args=(context, hear))
+        thread.start()
+        started.wait(PATIENCE)
+        try:
+            yield queries
+        finally:
+            self.display.record_disable_context(context)
+            self.display.sync()
+            thread.join(PATIENCE)
+            self.display.record_free_context(context)
+            listener.close()
 
     def window_named(self, title):
         """The window of that title that can be seen, None while there is none."""

@@ -2,8 +2,8 @@
 """The Settings interface of a desktop portal, for tests.
 
 Starts with the settings that its arguments name, each as `KEY VALUE`, where KEY is one of
-org.freedesktop.appearance's and VALUE a number, or three with commas between them. Reads more such lines
-from standard input, announces each as the desktop would, and ends with its input. Prints `ready` once it
+org.freedesktop.appearance's and VALUE a number, or three with commas between them, or `never` for a question
+that is never answered. Reads more such lines from standard input, announces each as the desktop would, and ends with its input. Prints `ready` once it
 has its name and `answered KEY` for every question.
 """
 
@@ -22,6 +22,8 @@ NAMESPACE = 'org.freedesktop.appearance'
 
 
 def parsed(text):
+    if text == 'never':
+        return None
     if ',' in text:
         return dbus.Struct([float(part) for part in text.split(',')], signature='ddd', variant_level=1)
     return dbus.UInt32(int(text), variant_level=1)
@@ -34,13 +36,13 @@ class Settings(dbus.service.Object):
         super().__init__(bus, PATH)
         self.values = {key: parsed(text) for key, text in map(str.split, sys.argv[1:])}
 
-    @dbus.service.method(INTERFACE, in_signature='ss', out_signature='v')
-    def Read(self, namespace, key):
+    @dbus.service.method(INTERFACE, in_signature='ss', out_signature='v', async_callbacks=('answer', 'refuse'))
+    def Read(self, namespace, key, answer, refuse):
         print(f'answered {key}', flush=True)
         if namespace != NAMESPACE or key not in self.values:
-            raise dbus.exceptions.DBusException('not found', name='org.freedesktop.portal.Error.NotFound')
-        value = self.values[key]
-        return type(value)(value, variant_level=2)
+            refuse(dbus.exceptions.DBusException('not found', name='org.freedesktop.portal.Error.NotFound'))
+        elif (value := self.values[key]) is not None:
+            answer(type(value)(value, variant_level=2))
 
     @dbus.service.signal(INTERFACE, signature='ssv')
     def SettingChanged(self, namespace, key, value):

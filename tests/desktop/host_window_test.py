@@ -31,6 +31,11 @@ class HostTestCase(unittest.TestCase):
         desktop.portal.write('color-scheme 2')
         program.expect('appearance light')
 
+    # Measured in the program, from before it asks for the desktop. The limit is 50 ms; a busy machine needs more.
+    def assert_opened_soon(self, program):
+        opened = [line for line in program.seen if line.startswith('opened after')]
+        self.assertLess(int(opened[0].split()[2]), 2000)
+
     def assert_ends_well(self, program):
         self.assertEqual(program.finish(), 0, program.errors)
 
@@ -55,6 +60,47 @@ class X11Test(HostTestCase):
             desktop.portal.write('color-scheme 1')
             desktop.portal.write('accent-color -1,0,0')
             self.assertEqual(program.expect('appearance'), 'appearance dark contrast 1 motion 1 accent no')
+
+    def test_the_first_frame_has_the_desktops_look(self):
+        with X11() as desktop:
+            desktop.start_portal('color-scheme 1')
+            program = self.open(desktop)
+            looks = [line for line in program.seen if line.startswith('appearance')]
+            self.assertEqual(looks, ['appearance dark contrast 0 motion 0 accent no'])
+
+    def test_what_is_never_answered_holds_up_nothing(self):
+        with X11() as desktop:
+            desktop.start_portal('color-scheme 1', 'contrast 1', 'accent-color never', 'reduced-motion never')
+            program = self.open(desktop)
+            self.assertIn('appearance dark contrast 1 motion 0 accent no', program.seen)
+            self.assert_opened_soon(program)
+            desktop.portal.write('color-scheme 2')
+            program.expect('appearance light contrast 1')
+
+    def test_a_bus_that_says_nothing_counts_as_none(self):
+        with X11(with_bus=False) as desktop:
+            desktop.start_silent_bus()
+            program = self.open(desktop)
+            self.assert_opened_soon(program)
+            self.assert_ends_well(program)
+
+    def test_the_desktop_is_told_name_and_id(self):
+        with X11() as desktop:
+            self.open(desktop, '--identity', 'The Editor', 'org.example.Editor')
+            self.assertEqual(desktop.window_named('host window').get_wm_class()[1], 'org.example.Editor')
+
+    def test_the_server_is_not_asked_for_a_pointer_that_events_told_of(self):
+        with X11() as desktop:
+            program = self.open(desktop, '--ask-pointer')
+            desktop.move_pointer(*CENTER)
+            program.expect('enter')
+            with desktop.counted_pointer_queries() as queries:
+                for place in (100, 110):
+                    desktop.move_pointer(CENTER[0] + place - 150, CENTER[1])
+                    desktop.click(button=4)
+                    program.expect(f'pointer {place},100')
+                    program.expect('wheel')
+            self.assertEqual(queries, [])
 
     def test_shows_itself_without_bus_and_portal(self):
         for with_bus in (True, False):
@@ -150,6 +196,12 @@ class X11Test(HostTestCase):
 
 
 class WaylandTest(HostTestCase):
+
+    def test_the_desktop_is_told_the_id(self):
+        with Wayland() as desktop:
+            program = self.open(desktop, '--identity', 'The Editor', 'org.example.Editor', WAYLAND_DEBUG='1')
+            wait_until(lambda: any('set_app_id("org.example.Editor")' in line for line in program.errors),
+                       'the id in the protocol')
 
     def test_follows_the_portal_and_sleeps_between(self):
         with Wayland() as desktop:
