@@ -14,8 +14,9 @@ if(BKUK_BUILD_TESTS)
   target_precompile_headers(bkuk_test_main PRIVATE ${BKUK_STANDARD_HEADERS} <gmock/gmock.h> <gtest/gtest.h>)
 endif()
 
-# Linked by every program that is built from this tree to prove something about it.
-function(_bkuk_program name)
+# bkuk_program(NAME SOURCES source... [LIBRARIES library...]): a program that is built from this tree to prove
+# something about it.
+function(bkuk_program name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LIBRARIES")
   add_executable(${name} ${arg_SOURCES})
   target_link_libraries(${name} PRIVATE ${arg_LIBRARIES} BrenvikUIKit::Testing BrenvikUIKit::BrenvikUIKit)
@@ -24,7 +25,7 @@ endfunction()
 # bkuk_test(NAME SOURCES source... [LIBRARIES library...]): a GoogleTest program, whose cases become tests
 # of their own. It draws on nobody's desktop.
 function(bkuk_test name)
-  _bkuk_program(${name} ${ARGN})
+  bkuk_program(${name} ${ARGN})
   target_precompile_headers(${name} REUSE_FROM bkuk_test_main)
   target_link_libraries(${name} PRIVATE bkuk_test_main)
   gtest_discover_tests(${name} TEST_PREFIX ${name}. DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60
@@ -45,14 +46,14 @@ endfunction()
 function(bkuk_fuzz name source corpus)
   set(inputs ${CMAKE_CURRENT_SOURCE_DIR}/${corpus})
   if(BKUK_BUILD_FUZZ)
-    _bkuk_program(${name} SOURCES ${source})
+    bkuk_program(${name} SOURCES ${source})
     target_link_options(${name} PRIVATE -fsanitize=fuzzer)
     set(found ${CMAKE_CURRENT_BINARY_DIR}/${name}-found)
     file(MAKE_DIRECTORY ${found})
     add_test(NAME ${name} COMMAND ${name} -max_total_time=30 -rss_limit_mb=1024 -artifact_prefix=${name}-
       ${found} ${inputs})
   else()
-    _bkuk_program(${name} SOURCES ${source} ${PROJECT_SOURCE_DIR}/fuzz/ReplayMain.cpp)
+    bkuk_program(${name} SOURCES ${source} ${PROJECT_SOURCE_DIR}/fuzz/ReplayMain.cpp)
     add_test(NAME ${name} COMMAND ${name} ${inputs})
   endif()
   set_tests_properties(${name} PROPERTIES TIMEOUT 120
@@ -63,7 +64,7 @@ endfunction()
 # `./dev bench`.
 function(bkuk_bench name)
   find_package(benchmark REQUIRED)
-  _bkuk_program(${name} ${ARGN})
+  bkuk_program(${name} ${ARGN})
   target_link_libraries(${name} PRIVATE benchmark::benchmark_main)
   set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bench/bin)
 endfunction()
