@@ -479,7 +479,7 @@ std::string RandomUser::faultOf(NSView& view) const {
 
 bool RandomUser::isHoveredFromAfar(const Ref<BKUKStatefulView>& view, std::string_view title) const {
   const auto window = view ? view->window() : nullptr;
-  const bool isHovered = window && window->title() == title && window->isVisible() &&
+  const bool isHovered = window && window->title() == title && window->isVisible() && window->isKeyWindow() &&
                          !view->isHiddenOrHasHiddenAncestor() &&
                          view->state() == BKUKInteractionState::hover && window->firstResponder() != view;
   if (!isHovered) return false;
@@ -487,8 +487,8 @@ bool RandomUser::isHoveredFromAfar(const Ref<BKUKStatefulView>& view, std::strin
   return !NSMouseInRect(view->convertPointFrom(base, nullptr), view->bounds(), false);
 }
 
-// Of the window in which the pointer was moved last. The virtual desktop tells of no window that opens under
-// a still pointer, so a view that is hovered since then may hear of the pointer once before.
+// Of the window in which the pointer was moved last, if it has the keyboard. The virtual desktop tells of no
+// window that opens under a still pointer, so a view that is hovered since then may hear of it once before.
 std::string RandomUser::faultOfPointer() {
   const auto title = std::exchange(pointerWindow_, {});
   const auto views = std::vector(tracked_);
