@@ -238,7 +238,7 @@ TEST(NSLayoutConstraint, ContradictionsLeaveOneOutWithALine) {
   fixture.root->setFrameSize({110, 100});
   fixture.window->layoutIfNeeded();
   EXPECT_EQ(testing::internal::GetCapturedStderr(),
-            "NSLayoutConstraint: required constraints contradict each other, left out: NSView "
+            "NSLayoutConstraint: required constraints contradict each other, left out: LayoutView "
             "\"picture\".width >= 150\n");
   EXPECT_EQ(view->frame().size.width, 110);
   fixture.root->setFrameSize({300, 100});

@@ -14,7 +14,7 @@ struct Plane {
       : width(planeWidth), height(planeHeight), pixels(static_cast<std::size_t>(width) * height) {}
   std::uint8_t& at(int x, int y) { return pixels[static_cast<std::size_t>(y) * width + x]; }
   void fill(int left, int top, int right, int bottom) {
-    for (int y = top; y < bottom; ++y) std::fill(&at(left, y), &at(right, y), 255);
+    for (int y = top; y < bottom; ++y) std::fill_n(&at(left, y), right - left, std::uint8_t{255});
   }
 
   int width;
