@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <optional>
 
+#include "platform/appkit/NSKeyCode.h"
+
 namespace bkuk {
 
 /// The keys that controls and dialogs bind, on every desktop by the same codes.
@@ -19,7 +21,9 @@ enum class BKUKKeyCodes : std::uint8_t {
 
 /// The code of the key in an event.
 [[nodiscard]] constexpr std::uint16_t rawValue(BKUKKeyCodes key) {
-  constexpr std::uint16_t codes[] = {36, 49, 53, 76, 126, 125, 123, 124};
+  constexpr std::uint16_t codes[] = {NSKeyCode::enter,       NSKeyCode::space, NSKeyCode::escape,
+                                     NSKeyCode::keypadEnter, NSKeyCode::up,    NSKeyCode::down,
+                                     NSKeyCode::left,        NSKeyCode::right};
   return codes[static_cast<std::size_t>(key)];
 }
 

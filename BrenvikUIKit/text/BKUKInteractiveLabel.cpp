@@ -18,7 +18,6 @@ namespace {
 
 using Link = BKUKInteractiveLabel::LinkFrame;
 
-constexpr std::uint16_t tabKeyCode = 48;
 constexpr CGFloat ringRadius = 3;  // points
 constexpr CGFloat lowestRing = 2;  // inside, around text however small
 
@@ -223,7 +222,7 @@ bool BKUKInteractiveLabel::becomeFirstResponder() {
   if (!BKUKLabel::becomeFirstResponder()) return false;
   // Whoever walks backwards comes in at the last link.
   const auto& event = NSApplication::shared().currentEvent();
-  const bool isWalking = event && event->type() == NSEventType::keyDown && event->keyCode() == tabKeyCode;
+  const bool isWalking = event && event->type() == NSEventType::keyDown && event->keyCode() == NSKeyCode::tab;
   if (isWalking) focused_ = event->hasModifier(NSEventModifierFlagShift) ? links_.size() - 1 : 0;
   return true;
 }
@@ -270,7 +269,7 @@ bool BKUKInteractiveLabel::isForwardArrow(const NSEvent& event) const {
 
 void BKUKInteractiveLabel::keyDown(NSEvent& event) {
   const Ref<BKUKInteractiveLabel> self(this);
-  const bool isTab = event.keyCode() == tabKeyCode;
+  const bool isTab = event.keyCode() == NSKeyCode::tab;
   const bool isBack = isTab ? event.hasModifier(NSEventModifierFlagShift) : isBackwardArrow(event);
   const bool isForward = isTab ? !isBack : isForwardArrow(event);
   const bool presses = isKey(event, BKUKKeyCodes::space) || isKey(event, BKUKKeyCodes::enter_main) ||

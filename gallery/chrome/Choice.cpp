@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "gallery/chrome/Direction.h"
+#include "platform/appkit/NSKeyCode.h"
 #include "platform/foundation/CGRoundedUp.h"
 
 namespace bkuk::gallery {
@@ -18,12 +19,6 @@ constexpr CGFloat rowHeight = 34;
 constexpr CGFloat rowMargin = 12;
 constexpr CGFloat rowPadding = 24;
 constexpr CGFloat markerInset = 2;
-constexpr std::uint16_t homeKey = 115;
-constexpr std::uint16_t endKey = 119;
-constexpr std::uint16_t leftKey = 123;
-constexpr std::uint16_t rightKey = 124;
-constexpr std::uint16_t downKey = 125;
-constexpr std::uint16_t upKey = 126;
 
 /// What is nearer is lighter in both appearances, so each takes the surface that is.
 Color themed(Role light, Role dark) {
@@ -216,12 +211,12 @@ void Choice::mouseDown(NSEvent& event) {
 std::optional<std::size_t> Choice::optionForKey(std::uint16_t keyCode) const {
   const std::size_t last = options_.size() - 1;
   const bool runsLeft = !isList() && isRightToLeft(*this);
-  const auto forward = isList() ? downKey : runsLeft ? leftKey : rightKey;
-  const auto back = isList() ? upKey : runsLeft ? rightKey : leftKey;
+  const auto forward = isList() ? NSKeyCode::down : runsLeft ? NSKeyCode::left : NSKeyCode::right;
+  const auto back = isList() ? NSKeyCode::up : runsLeft ? NSKeyCode::right : NSKeyCode::left;
   if (keyCode == forward) return std::min(selected_ + 1, last);
   if (keyCode == back) return selected_ == 0 ? 0 : selected_ - 1;
-  if (keyCode == homeKey) return 0;
-  if (keyCode == endKey) return last;
+  if (keyCode == NSKeyCode::home) return 0;
+  if (keyCode == NSKeyCode::end) return last;
   return std::nullopt;
 }
 

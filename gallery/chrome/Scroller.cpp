@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "gallery/chrome/Direction.h"
+#include "platform/appkit/NSKeyCode.h"
 
 namespace bkuk::gallery {
 
@@ -13,13 +14,6 @@ using Role = BKUKThemeColorRole;
 
 constexpr CGFloat lineStep = 48;
 constexpr CGFloat edge = 12;  // left around what is scrolled into sight
-
-constexpr std::uint16_t homeKey = 115;
-constexpr std::uint16_t pageUpKey = 116;
-constexpr std::uint16_t endKey = 119;
-constexpr std::uint16_t pageDownKey = 121;
-constexpr std::uint16_t downKey = 125;
-constexpr std::uint16_t upKey = 126;
 
 // Whoever clicks sees where; the edge is for those who come by key.
 bool isClicking() {
@@ -99,17 +93,17 @@ void Scroller::keyDown(NSEvent& event) {
   if (furthest() == 0) return Box::keyDown(event);
   const CGFloat pageStep = std::max(lineStep, bounds().height() - lineStep);
   switch (event.keyCode()) {
-    case upKey:
+    case NSKeyCode::up:
       return scrollTo(offset_ - lineStep);
-    case downKey:
+    case NSKeyCode::down:
       return scrollTo(offset_ + lineStep);
-    case pageUpKey:
+    case NSKeyCode::pageUp:
       return scrollTo(offset_ - pageStep);
-    case pageDownKey:
+    case NSKeyCode::pageDown:
       return scrollTo(offset_ + pageStep);
-    case homeKey:
+    case NSKeyCode::home:
       return scrollTo(0);
-    case endKey:
+    case NSKeyCode::end:
       return scrollTo(furthest());
     default:
       return Box::keyDown(event);

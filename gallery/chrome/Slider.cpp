@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "gallery/chrome/Direction.h"
+#include "platform/appkit/NSKeyCode.h"
 
 namespace bkuk::gallery {
 
@@ -16,13 +17,6 @@ constexpr CGFloat trackThickness = 4;
 constexpr CGFloat knobSize = 18;
 constexpr CGFloat ringSize = knobSize + 8;
 constexpr CGFloat knobPlace = (ringSize - knobSize) / 2;  // room for the ring at both ends
-
-constexpr std::uint16_t homeKey = 115;
-constexpr std::uint16_t endKey = 119;
-constexpr std::uint16_t leftKey = 123;
-constexpr std::uint16_t rightKey = 124;
-constexpr std::uint16_t downKey = 125;
-constexpr std::uint16_t upKey = 126;
 
 Box::Look roundLook(Role fill, CGFloat thickness) {
   return {.fill = role(fill), .cornerRadius = thickness / 2};
@@ -99,22 +93,22 @@ void Slider::mouseDragged(NSEvent& event) {
 void Slider::keyDown(NSEvent& event) {
   const CGFloat right = isRightToLeft(*this) ? -range_.step : range_.step;
   switch (event.keyCode()) {
-    case rightKey:
+    case NSKeyCode::right:
       change(value_ + right);
       break;
-    case leftKey:
+    case NSKeyCode::left:
       change(value_ - right);
       break;
-    case upKey:
+    case NSKeyCode::up:
       change(value_ + range_.step);
       break;
-    case downKey:
+    case NSKeyCode::down:
       change(value_ - range_.step);
       break;
-    case homeKey:
+    case NSKeyCode::home:
       change(range_.least);
       break;
-    case endKey:
+    case NSKeyCode::end:
       change(range_.greatest);
       break;
     default:

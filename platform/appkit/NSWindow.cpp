@@ -7,6 +7,7 @@
 
 #include "host/FrameClamp.h"
 #include "host/Host.h"
+#include "host/KeyCodes.h"
 #include "platform/appkit/NSAccessibilityTree.h"
 #include "platform/appkit/NSApplication.h"
 #include "platform/appkit/NSCursor.h"
@@ -27,7 +28,6 @@ namespace bkuk {
 namespace {
 
 constexpr std::string_view unit = "platform/appkit/NSWindow";
-constexpr std::uint16_t tabKeyCode = 48;
 // Responders that hand the keyboard to each other as they are told of it go no further than this.
 constexpr int mostFocusChanges = 16;
 
@@ -419,7 +419,7 @@ void NSWindow::sendEvent(NSEvent& event) {
 }
 
 void NSWindow::keyDown(NSEvent& event) {
-  if (event.keyCode() != tabKeyCode) return NSResponder::keyDown(event);
+  if (event.keyCode() != host::keyCode::tab) return NSResponder::keyDown(event);
   if (event.hasModifier(NSEventModifierFlagShift)) {
     selectPreviousKeyView();
   } else {
