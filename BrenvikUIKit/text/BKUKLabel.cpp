@@ -16,8 +16,6 @@ namespace bkuk {
 
 namespace {
 
-constexpr auto measuring = NSStringDrawingOptions::usesLineFragmentOrigin;
-
 double rounded(double height, BKUKLayoutRoundingRule rule) {
   switch (rule) {
     case BKUKLayoutRoundingRule::even:
@@ -57,13 +55,10 @@ void BKUKLabel::didInit() {
   NSView::didInit();
   setAccessibilityElement(true);
   setAccessibilityRole(NSAccessibilityStaticTextRole);
-  textContainer_->setLineFragmentPadding(0);
-  textLayoutManager_->addTextContainer(textContainer_);
-  textStorage_->addLayoutManager(textLayoutManager_);
   setNeedsLayout(true);
 }
 
-// Text and look
+// Text and attributes
 
 std::string BKUKLabel::stringValue() const {
   const auto& text = builder_->attributedString();
@@ -245,7 +240,9 @@ void BKUKLabel::setShouldUseNSTextFieldSync(bool uses) {
 }
 
 void BKUKLabel::setVerticalNSTextFieldSyncOffset(double offset) {
-  if (std::exchange(syncOffset_, offset) != offset) measureAgain();
+  if (std::exchange(syncOffset_, offset) == offset) return;
+  needsUpdateContainer_ = true;
+  measureAgain();
 }
 
 void BKUKLabel::setVerticalNSTextFieldSyncDrawOffset(double offset) {
@@ -262,36 +259,42 @@ void BKUKLabel::viewDidChangeEffectiveAppearance() {
 // Layout
 
 void BKUKLabel::updateContainer() const {
-  if (std::exchange(needsUpdateContainer_, false)) textStorage_->setAttributedString(*builder_->build());
-  textLayoutManager_->setUserInterfaceLayoutDirection(userInterfaceLayoutDirection());
-  textContainer_->setSize({bounds().width(), 0});
+  if (std::exchange(needsUpdateContainer_, false)) {
+    textStorage()->setAttributedString(*builder_->build());
+    if (isSynced() && alignment()) setSyncedLineSpacing(*textStorage(), std::round(syncOffset_));
+  }
+  stack_.setLayout(bounds().width(), userInterfaceLayoutDirection());
 }
 
-bool BKUKLabel::isSynced() const { return usesTextFieldSync_ && !textStorage_->containsAttachments(); }
+bool BKUKLabel::isSynced() const { return usesTextFieldSync_ && !textStorage()->containsAttachments(); }
 
-void BKUKLabel::setSyncedLineSpacing(double spacing) const {
-  const auto alignment = attributes().alignment;
-  if (!alignment) fatal("Text field sync needs an alignment", "BrenvikUIKit/BKUKLabel");
-  setParagraph(*textStorage_, *alignment, spacing);
+void BKUKLabel::setSyncedLineSpacing(NSMutableAttributedString& text, double spacing) const {
+  if (!alignment()) fatal("Text field sync needs an alignment", "BrenvikUIKit/BKUKLabel");
+  setParagraph(text, *alignment(), spacing);
+}
+
+// Synced text is measured without the space between its lines that it is shown with.
+NSSize BKUKLabel::textSize(double forWidth) const {
+  if (!isSynced()) return stack_.measure(forWidth);
+  NSMutableAttributedString dense(*textStorage());
+  setSyncedLineSpacing(dense, 0);
+  return dense.boundingRect({forWidth, 0}, NSStringDrawingOptions::usesLineFragmentOrigin).size;
 }
 
 BKUKLabel::Measure BKUKLabel::measured(double labelWidth) const {
   updateContainer();
-  const bool synced = isSynced();
-  if (synced) setSyncedLineSpacing(0);
-  const double padding = textContainer_->lineFragmentPadding();
+  const double padding = textContainer()->lineFragmentPadding();
   const double width = labelWidth - 2 * padding;
-  const NSSize full = textStorage_->boundingRect({}, measuring).size;
+  const NSSize full = textSize(0);
   const bool isOneSize = width <= 0 || full.width <= width;
-  const NSSize wrapped = isOneSize ? full : textStorage_->boundingRect({width, 0}, measuring).size;
-  if (synced) setSyncedLineSpacing(std::round(syncOffset_));
+  const NSSize wrapped = isOneSize ? full : textSize(width);
 
   const double natural = CGRoundedUp(wrapped.height);
   const double height = rounded(natural, roundingRule_);
   // Both what is added above the text and what moves it down, which is why it counts twice.
   Measure measure{{CGRoundedUp(full.width) + 2 * padding, height}, 2 * (height - natural)};
   const auto& ownFont = font();
-  if (ownFont && synced) {
+  if (ownFont && isSynced()) {
     measure.size.height += textFieldBottom(*ownFont);
   } else if (ownFont) {
     const double top = topTextPadding_(*ownFont);
@@ -301,7 +304,10 @@ BKUKLabel::Measure BKUKLabel::measured(double labelWidth) const {
   return measure;
 }
 
-NSSize BKUKLabel::intrinsicContentSize() const {
+NSSize BKUKLabel::intrinsicContentSize() const { return measureNow(); }
+
+// Keeps what it finds, for the text to be placed by.
+NSSize BKUKLabel::measureNow() const {
   const auto measure = measured(bounds().width());
   cachedIntrinsicContentSize_ = measure.size;
   layoutRoundingOffset_ = measure.roundingOffset;
@@ -343,7 +349,7 @@ Ref<NSFont> BKUKLabel::fontForBaselines() const {
 void BKUKLabel::layout() {
   NSView::layout();
   const NSSize before = cachedIntrinsicContentSize_;
-  (void)intrinsicContentSize();
+  measureNow();
   if (std::exchange(needsUpdateSecondaryConstraints_, false))
     secondaryConstraintFontCache_ = fontForBaselines();
   double first = 0;
@@ -362,14 +368,14 @@ void BKUKLabel::layout() {
 
 std::size_t BKUKLabel::characterIndex(NSPoint at, bool roundingUp) {
   updateContainer();
-  const NSRect used = textLayoutManager_->usedRect(*textContainer_);
+  const NSRect used = stack_.usedRect();
   if (NSPointInRect(at, used)) {
     CGFloat fraction = 0;
-    const std::size_t index = textLayoutManager_->glyphIndex(at, *textContainer_, &fraction);
+    const std::size_t index = textLayoutManager_->glyphIndex(at, *textContainer(), &fraction);
     return roundingUp && fraction > 0.5 ? index + 1 : index;
   }
   const bool isBehind = at.x > used.maxX() || at.y > used.maxY();
-  return isBehind ? textStorage_->length() : 0;
+  return isBehind ? textStorage()->length() : 0;
 }
 
 // Drawing
@@ -387,10 +393,7 @@ void BKUKLabel::draw(NSRect) {
   target.setShouldSmoothFonts(drawingOptions_.fontSmoothing);
   target.setAllowsAntialiasing(drawingOptions_.fontAntialiasing);
   target.setShouldAntialias(drawingOptions_.fontAntialiasing);
-  const NSRange shown = textLayoutManager_->glyphRange(*textContainer_);
-  const NSPoint origin{0, drawnTextTop()};
-  textLayoutManager_->drawBackground(shown, origin);
-  textLayoutManager_->drawGlyphs(shown, origin);
+  stack_.draw({0, drawnTextTop()});
 }
 
 // Events and assistive clients

@@ -13,6 +13,7 @@
 #include "BrenvikUIKit/text/BKUKLabelTextClickDelegate.h"
 #include "BrenvikUIKit/text/BKUKParagraphAttributes.h"
 #include "platform/appkit/NSView.h"
+#include "platform/appkit/text/TextStack.h"
 
 namespace bkuk {
 
@@ -42,7 +43,7 @@ class BKUKLabel : public NSView {
   [[nodiscard]] const Ref<NSAttributedString>& attributedStringValue() const;
   void setAttributedStringValue(const Ref<NSAttributedString>& text);
 
-  // Look. Each setter makes the label lay out and draw again.
+  // Attributes. Each setter makes the label lay out and draw again.
 
   /// Takes over alignment, colour, font and letter spacing, nothing else.
   void apply(const BKUKFontSettings& style);
@@ -119,9 +120,9 @@ class BKUKLabel : public NSView {
   // What the text is made of
 
   [[nodiscard]] const Ref<BKUKAttributedStringBuilder>& builder() const { return builder_; }
-  [[nodiscard]] const Ref<NSTextStorage>& textStorage() const { return textStorage_; }
+  [[nodiscard]] const Ref<NSTextStorage>& textStorage() const { return stack_.storage(); }
   [[nodiscard]] const Ref<BKUKLabelLayoutManager>& textLayoutManager() const { return textLayoutManager_; }
-  [[nodiscard]] const Ref<NSTextContainer>& textContainer() const { return textContainer_; }
+  [[nodiscard]] const Ref<NSTextContainer>& textContainer() const { return stack_.container(); }
   /// Who may replace pieces of the text; absent, as at first, for the shared manager.
   [[nodiscard]] const Ref<BKUKCustomAttributeOperatorManager>& customAttributeOperatorManager() const {
     return operatorManager_;
@@ -148,7 +149,7 @@ class BKUKLabel : public NSView {
   [[nodiscard]] NSSize cachedIntrinsicContentSize() const { return cachedIntrinsicContentSize_; }
   /// By how much the text is moved down in its box.
   [[nodiscard]] double layoutRoundingOffset() const { return layoutRoundingOffset_; }
-  /// Whether the text storage has to take over text and look before the text is measured or drawn.
+  /// Whether the text storage has to take over text and attributes before the text is measured or drawn.
   [[nodiscard]] bool needsUpdateContainer() const { return needsUpdateContainer_; }
   /// Whether the next layout looks up the font that the baselines are those of.
   [[nodiscard]] bool needsUpdateSecondaryConstraints() const { return needsUpdateSecondaryConstraints_; }
@@ -175,11 +176,11 @@ class BKUKLabel : public NSView {
  protected:
   void didInit() override;
 
-  /// Brings the text storage up to date with text and look, and the container with the label's width.
+  /// Brings the text storage up to date with text and attributes, and the container with the label's width.
   void updateContainer() const;
   /// From the label's upper edge to where the text is drawn.
   [[nodiscard]] double drawnTextTop() const;
-  /// Called when another text, or another look, was set.
+  /// Called when another text, or other attributes, were set.
   virtual void textDidChange();
 
  private:
@@ -194,8 +195,10 @@ class BKUKLabel : public NSView {
   void replaceCustomAttributes();
   void measureAgain();
   [[nodiscard]] bool isSynced() const;
-  void setSyncedLineSpacing(double spacing) const;
+  void setSyncedLineSpacing(NSMutableAttributedString& text, double spacing) const;
+  [[nodiscard]] NSSize textSize(double forWidth) const;
   [[nodiscard]] Measure measured(double labelWidth) const;
+  NSSize measureNow() const;
   [[nodiscard]] double verticalTextOffset() const;
   [[nodiscard]] Ref<NSFont> fontForBaselines() const;
   [[nodiscard]] static bool defaultTextFieldSync();
@@ -206,8 +209,7 @@ class BKUKLabel : public NSView {
   TextPadding topTextPadding_ = defaultTopTextPadding();
   TextPadding bottomTextPadding_ = defaultBottomTextPadding();
   Ref<BKUKLabelLayoutManager> textLayoutManager_ = make<BKUKLabelLayoutManager>();
-  Ref<NSTextContainer> textContainer_ = make<NSTextContainer>();
-  Ref<NSTextStorage> textStorage_ = make<NSTextStorage>();
+  TextStack stack_{textLayoutManager_};
   mutable bool needsUpdateContainer_ = false;
   Ref<BKUKAttributedStringBuilder> builder_ = make<BKUKAttributedStringBuilder>();
   bool needsUpdateSecondaryConstraints_ = true;

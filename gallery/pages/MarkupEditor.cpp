@@ -6,6 +6,7 @@
 
 #include "BrenvikUIKit/interaction/BKUKKeyCodes.h"
 #include "gallery/pages/LabelText.h"
+#include "platform/appkit/NSKeyCode.h"
 #include "platform/foundation/CGRoundedUp.h"
 
 namespace bkuk::gallery {
@@ -17,10 +18,6 @@ constexpr CGFloat radius = 8;
 constexpr CGFloat caretWidth = 2;
 constexpr CGFloat lowest = 84;
 constexpr double fontSize = 15;
-
-constexpr std::uint16_t deleteKey = 51;
-constexpr std::uint16_t homeKey = 115;
-constexpr std::uint16_t endKey = 119;
 
 // Behind the text, so that there is a glyph wherever the caret can be.
 constexpr std::u16string_view endMark = u"\u200B";
@@ -40,9 +37,6 @@ bool isTyping(const NSEvent& event) {
 void MarkupEditor::didInit() {
   NSView::didInit();
   setAccessibilityLabel("Markup");
-  container_->setLineFragmentPadding(0);
-  layoutManager_->addTextContainer(container_);
-  storage_->addLayoutManager(layoutManager_);
   replace({0, 0}, {});
   addTrackingArea(make<NSTrackingArea>(
       NSRect(), NSTrackingMouseEnteredAndExited | NSTrackingActiveInKeyWindow | NSTrackingInVisibleRect,
@@ -58,7 +52,8 @@ void MarkupEditor::replace(NSRange range, const NSString& typed) {
   caret_ = range.location + typed.length();
   auto shown = text_;
   shown.append(endMark);
-  storage_->setAttributedString(NSAttributedString(std::move(shown), cardText(fontSize).fontAttributes()));
+  stack_.storage()->setAttributedString(
+      NSAttributedString(std::move(shown), cardText(fontSize).fontAttributes()));
   setNeedsDisplay(true);
   NSAccessibilityPostNotification(*this, NSAccessibilityValueChangedNotification);
   if (changed_) changed_(text());
@@ -105,10 +100,10 @@ void MarkupEditor::mouseExited(NSEvent&) { NSCursor::arrow()->set(); }
 
 void MarkupEditor::mouseDown(NSEvent& event) {
   const NSPoint point = convertPointFrom(event.locationInWindow(), nullptr);
-  layOut(bounds().width());
+  updateLayout();
   CGFloat fraction = 0;
-  const auto index =
-      layoutManager_->characterIndex({point.x - padding, point.y - padding}, *container_, &fraction);
+  const NSPoint inText{point.x - padding, point.y - padding};
+  const auto index = stack_.manager()->characterIndex(inText, *stack_.container(), &fraction);
   moveCaret(std::min(index, text_.length()));
   if (fraction > 0.5) moveCaret(behind(caret_));
 }
@@ -119,11 +114,11 @@ void MarkupEditor::keyDown(NSEvent& event) {
       return moveCaret(before(caret_));
     case rawValue(BKUKKeyCodes::arrow_rigt):
       return moveCaret(behind(caret_));
-    case homeKey:
+    case NSKeyCode::home:
       return moveCaret(0);
-    case endKey:
+    case NSKeyCode::end:
       return moveCaret(text_.length());
-    case deleteKey:
+    case NSKeyCode::backspace:
       return replace({before(caret_), caret_ - before(caret_)}, {});
     case rawValue(BKUKKeyCodes::enter_main):
     case rawValue(BKUKKeyCodes::enter_num):
@@ -137,20 +132,20 @@ void MarkupEditor::keyDown(NSEvent& event) {
 
 // Layout and drawing
 
-void MarkupEditor::layOut(CGFloat width) const {
-  layoutManager_->setUserInterfaceLayoutDirection(userInterfaceLayoutDirection());
-  container_->setSize({width - 2 * padding, 0});
+void MarkupEditor::updateLayout() const {
+  stack_.setLayout(bounds().width() - 2 * padding, userInterfaceLayoutDirection());
 }
 
 CGFloat MarkupEditor::heightForWidth(CGFloat width) const {
-  layOut(width);
-  return std::max(lowest, CGRoundedUp(layoutManager_->usedRect(*container_).height()) + 2 * padding);
+  const NSSize text = stack_.measure(width - 2 * padding, NSStringDrawingOptions::usesFontLeading);
+  return std::max(lowest, CGRoundedUp(text.height) + 2 * padding);
 }
 
 NSRect MarkupEditor::caretRect() const {
-  const NSRect line = layoutManager_->lineFragmentUsedRect(caret_);
-  const NSRect fragment = layoutManager_->lineFragmentRect(caret_);
-  const CGFloat x = fragment.minX() + layoutManager_->location(caret_).x;
+  auto& manager = *stack_.manager();
+  const NSRect line = manager.lineFragmentUsedRect(caret_);
+  const NSRect fragment = manager.lineFragmentRect(caret_);
+  const CGFloat x = fragment.minX() + manager.location(caret_).x;
   return {padding + std::round(x), padding + line.minY(), caretWidth, line.height()};
 }
 
@@ -163,8 +158,8 @@ void MarkupEditor::draw(NSRect) {
   edge->setLineWidth(border);
   (focused_ ? BKUKTheme::accentHighContrast() : BKUKTheme::onSurfaceLight())->setStroke();
   edge->stroke();
-  layOut(bounds().width());
-  layoutManager_->drawGlyphs(layoutManager_->glyphRange(*container_), {padding, padding});
+  updateLayout();
+  stack_.draw({padding, padding});
   if (!focused_) return;
   BKUKTheme::accent()->setFill();
   NSBezierPath::rect(caretRect())->fill();

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "BrenvikUIKit/BrenvikUIKit.h"
+#include "platform/appkit/text/TextStack.h"
 
 namespace bkuk::gallery {
 
@@ -46,17 +47,15 @@ class MarkupEditor : public NSView {
   void moveCaret(std::size_t to);
   [[nodiscard]] std::size_t before(std::size_t index) const;
   [[nodiscard]] std::size_t behind(std::size_t index) const;
-  void layOut(CGFloat width) const;
+  void updateLayout() const;
   [[nodiscard]] NSRect caretRect() const;
   void showFocus(bool focused);
 
   NSString text_;
-  std::size_t caret_ = 0;  // the unit that it stands before
+  std::size_t caret_ = 0;  // the index that it stands before
   bool focused_ = false;
   Handler changed_;
-  Ref<NSTextStorage> storage_ = make<NSTextStorage>();
-  Ref<NSTextContainer> container_ = make<NSTextContainer>();
-  Ref<NSLayoutManager> layoutManager_ = make<NSLayoutManager>();
+  TextStack stack_;
 };
 
 }  // namespace bkuk::gallery

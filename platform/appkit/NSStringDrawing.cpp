@@ -2,7 +2,7 @@
 
 #include "platform/appkit/NSApplication.h"
 #include "platform/appkit/NSGraphicsContext.h"
-#include "platform/appkit/NSLayoutManager.h"
+#include "platform/appkit/text/TextStack.h"
 #include "platform/foundation/NSAttributedString.h"
 
 namespace bkuk {
@@ -54,15 +54,10 @@ NSRect NSAttributedString::boundingRect(NSSize with, NSStringDrawingOptions opti
 
 void NSAttributedString::draw(NSRect in) const {
   if (!NSGraphicsContext::current()) return;
-  const auto storage = make<NSTextStorage>(*this);
-  const auto manager = make<NSLayoutManager>();
-  const auto container = make<NSTextContainer>(in.size);
-  container->setLineFragmentPadding(0);
-  manager->addTextContainer(container);
-  storage->addLayoutManager(manager);
-  const NSRange all = manager->glyphRange(*container);
-  manager->drawBackground(all, in.origin);
-  manager->drawGlyphs(all, in.origin);
+  const TextStack stack;
+  stack.storage()->setAttributedString(*this);
+  stack.container()->setSize(in.size);
+  stack.draw(in.origin);
 }
 
 }  // namespace bkuk

@@ -13,8 +13,7 @@ namespace bkuk {
 namespace {
 
 constexpr CGFloat padding = 2;  // points on each side
-constexpr auto measuring =
-    NSStringDrawingOptions::usesLineFragmentOrigin | NSStringDrawingOptions::usesFontLeading;
+constexpr auto measuring = NSStringDrawingOptions::usesFontLeading;
 
 /// Black on a light appearance and white on a dark one, whichever there is when it is asked.
 class TextColor final : public NSColor {
@@ -32,6 +31,12 @@ Ref<NSColor> shownTextColor(const Ref<NSColor>& color) {
   return color ? color : usual;
 }
 
+/// Of a field without text too.
+CGFloat heightOfLine(const Ref<NSFont>& font) {
+  const NSAttributedString line(NSString(" "), NSAttributeDictionary{{NSFontAttributeName, font}});
+  return line.boundingRect({}, NSStringDrawingOptions::usesLineFragmentOrigin | measuring).size.height;
+}
+
 }  // namespace
 
 Ref<NSTextField> NSTextField::labelWithString(std::string text) {
@@ -47,9 +52,6 @@ Ref<NSTextField> NSTextField::labelWithString(std::string text) {
 void NSTextField::didInit() {
   NSControl::didInit();
   if (!font_) font_ = NSFont::systemFont(0);
-  container_->setLineFragmentPadding(0);
-  layoutManager_->addTextContainer(container_);
-  storage_->addLayoutManager(layoutManager_);
   setAccessibilityRole(NSAccessibilityStaticTextRole);
   setAccessibilityElement(true);
 }
@@ -164,23 +166,23 @@ void NSTextField::mouseDown(NSEvent& event) {
 
 // Layout
 
-NSLayoutManager& NSTextField::laidOut() const {
-  if (std::exchange(storageIsStale_, false)) storage_->setAttributedString(*attributedStringValue());
-  layoutManager_->setUserInterfaceLayoutDirection(userInterfaceLayoutDirection());
-  container_->setSize({std::max(1.0, bounds().width() - 2 * padding), 0});
-  return *layoutManager_;
+void NSTextField::updateStorage() const {
+  if (std::exchange(storageIsStale_, false)) stack_.storage()->setAttributedString(*attributedStringValue());
+}
+
+const TextStack& NSTextField::laidOut() const {
+  updateStorage();
+  stack_.setLayout(std::max(1.0, bounds().width() - 2 * padding), userInterfaceLayoutDirection());
+  return stack_;
 }
 
 NSSize NSTextField::intrinsicContentSize() const {
   const CGFloat width = std::max(0.0, preferredMaxLayoutWidth_ - 2 * padding);
-  auto text = attributedStringValue();
-  // An empty field is as high as a line.
-  if (text->length() == 0)
-    text = make<NSAttributedString>(NSString(" "), NSAttributeDictionary{{NSFontAttributeName, font_}});
-  const NSSize size = text->boundingRect({width, 0}, measuring).size;
-  return {
-      editable_ ? NSViewNoIntrinsicMetric : CGRoundedUp(stringValue_.empty() ? 0 : size.width) + 2 * padding,
-      CGRoundedUp(size.height)};
+  updateStorage();
+  const NSSize size =
+      stringValue_.empty() ? NSSize{0, heightOfLine(font_)} : stack_.measure(width, measuring);
+  return {editable_ ? NSViewNoIntrinsicMetric : CGRoundedUp(size.width) + 2 * padding,
+          CGRoundedUp(size.height)};
 }
 
 // A new size moves the text, and the baselines that constraints go by.
@@ -192,18 +194,19 @@ void NSTextField::layout() {
 
 // Text that is lower than the field stands in its middle.
 CGFloat NSTextField::top() const {
-  return std::max(0.0, (bounds().height() - laidOut().usedRect(*container_).height()) / 2);
+  return std::max(0.0, (bounds().height() - laidOut().usedRect().height()) / 2);
 }
 
 CGFloat NSTextField::firstBaselineOffsetFromTop() const {
   if (stringValue_.empty()) return (bounds().height() + font_->ascender() + font_->descender()) / 2;
-  return top() + laidOut().location(0).y;
+  return top() + laidOut().manager()->location(0).y;
 }
 
 CGFloat NSTextField::lastBaselineOffsetFromBottom() const {
   if (stringValue_.empty()) return bounds().height() - firstBaselineOffsetFromTop();
-  auto& manager = laidOut();
-  const std::size_t last = NSMaxRange(manager.glyphRange(*container_)) - 1;
+  const auto& stack = laidOut();
+  auto& manager = *stack.manager();
+  const std::size_t last = NSMaxRange(stack.shownRange()) - 1;
   return bounds().height() - top() - manager.lineFragmentRect(last).minY() - manager.location(last).y;
 }
 
@@ -222,11 +225,7 @@ void NSTextField::draw(NSRect) {
     context->strokePath();
   }
   context->clip(bounds());
-  const NSPoint origin{padding, top()};
-  auto& manager = laidOut();
-  const NSRange shown = manager.glyphRange(*container_);
-  manager.drawBackground(shown, origin);
-  manager.drawGlyphs(shown, origin);
+  laidOut().draw({padding, top()});
 }
 
 }  // namespace bkuk

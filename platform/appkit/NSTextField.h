@@ -3,8 +3,8 @@
 #include "platform/appkit/NSColor.h"
 #include "platform/appkit/NSControl.h"
 #include "platform/appkit/NSFont.h"
-#include "platform/appkit/NSLayoutManager.h"
 #include "platform/appkit/NSParagraphStyle.h"
+#include "platform/appkit/text/TextStack.h"
 
 namespace bkuk {
 
@@ -18,12 +18,13 @@ class NSTextField : public NSControl {
   [[nodiscard]] static Ref<NSTextField> labelWithString(std::string text);
 
   [[nodiscard]] const std::string& stringValue() const { return stringValue_; }
-  /// UTF-8, in the look of the field: attributes that were set are dropped.
+  /// UTF-8, with the attributes of the field: those that were set are dropped.
   void setStringValue(std::string text);
   /// The text with its attributes; those of a plain one are the field's font, colour and paragraph style. A
   /// field without a colour gives one that follows the appearance, also as part of another text.
   [[nodiscard]] Ref<NSAttributedString> attributedStringValue() const;
-  /// Shows the text in its own look; what it leaves open is the platform's default, not the field's.
+  /// Shows the text with its own attributes; what these leave open is the platform's default, not the
+  /// field's.
   void setAttributedStringValue(const NSAttributedString& text);
   /// The desktop's interface face at first.
   [[nodiscard]] const Ref<NSFont>& font() const { return font_; }
@@ -84,7 +85,9 @@ class NSTextField : public NSControl {
 
  private:
   [[nodiscard]] bool isStatic() const { return !editable_ && !selectable_; }
-  [[nodiscard]] NSLayoutManager& laidOut() const;
+  /// With the text and the layout of now.
+  [[nodiscard]] const TextStack& laidOut() const;
+  void updateStorage() const;
   [[nodiscard]] CGFloat top() const;
   void textDidChange();
 
@@ -106,9 +109,7 @@ class NSTextField : public NSControl {
   CGFloat toldFirstBaseline_ = -1;  // to the constraints
   // Brought up to date when it is needed.
   mutable bool storageIsStale_ = true;
-  Ref<NSTextStorage> storage_ = make<NSTextStorage>();
-  Ref<NSTextContainer> container_ = make<NSTextContainer>();
-  Ref<NSLayoutManager> layoutManager_ = make<NSLayoutManager>();
+  TextStack stack_;
 };
 
 }  // namespace bkuk
