@@ -53,16 +53,16 @@ Ref<NSParagraphStyle> paragraphStyle(Reader& reader) {
 }
 
 Ref<NSTextStorage> storage(Reader& reader) {
-  NSAttributeDictionary looks[2];
-  for (auto& look : looks) {
-    look.set(NSParagraphStyleAttributeName, paragraphStyle(reader));
-    look.set(NSFontAttributeName, NSFont::systemFont(1 + reader.byte() % 30));
-    look.set(NSKernAttributeName, reader.byte() % 9 - 4);
-    look.set(NSBaselineOffsetAttributeName, reader.byte() % 9 - 4);
+  NSAttributeDictionary runs[2];
+  for (auto& attributes : runs) {
+    attributes.set(NSParagraphStyleAttributeName, paragraphStyle(reader));
+    attributes.set(NSFontAttributeName, NSFont::systemFont(1 + reader.byte() % 30));
+    attributes.set(NSKernAttributeName, reader.byte() % 9 - 4);
+    attributes.set(NSBaselineOffsetAttributeName, reader.byte() % 9 - 4);
   }
   const auto first = static_cast<std::size_t>(reader.byte());
-  auto text = make<NSTextStorage>(NSString(reader.rest()), looks[0]);
-  if (first < text->length()) text->setAttributes(looks[1], {first, text->length() - first});
+  auto text = make<NSTextStorage>(NSString(reader.rest()), runs[0]);
+  if (first < text->length()) text->setAttributes(runs[1], {first, text->length() - first});
   return text;
 }
 

@@ -21,9 +21,9 @@ const Ref<NSAttributedString>& BKUKAttributedStringBuilder::build() {
   const auto text = make<NSMutableAttributedString>();
   for (std::size_t at = 0; attributedString_ && at < attributedString_->length();) {
     NSRange run;
-    auto look = base;
-    look.merge(attributedString_->attributes(at, &run));
-    text->append(attributedString_->string().units().substr(at, run.length), look);
+    auto attributes = base;
+    attributes.merge(attributedString_->attributes(at, &run));
+    text->append(attributedString_->string().units().substr(at, run.length), attributes);
     at = NSMaxRange(run);
   }
   cache_ = text;

@@ -5,7 +5,7 @@
 
 namespace bkuk {
 
-/// Puts a text and a look together. What the text's own attributes say holds; the look says the rest.
+/// Puts a text and attributes together. What the text's own attributes say holds; these say the rest.
 class BKUKAttributedStringBuilder final : public NSObject {
  public:
   [[nodiscard]] const BKUKTextAttributes& attributes() const { return attributes_; }
@@ -14,7 +14,7 @@ class BKUKAttributedStringBuilder final : public NSObject {
   [[nodiscard]] const Ref<NSAttributedString>& attributedString() const { return attributedString_; }
   void setAttributedString(const Ref<NSAttributedString>& text);
 
-  /// The text in its look; the same object until either changes.
+  /// The text with all its attributes; the same object until either changes.
   [[nodiscard]] const Ref<NSAttributedString>& build();
   /// What `build` has made last, absent when something changed since.
   [[nodiscard]] const Ref<NSAttributedString>& attributedStringCache() const { return cache_; }

@@ -12,10 +12,10 @@
 
 namespace bkuk::host {
 
-/// A word as it stands in a text.
-struct SetWord {
+/// A word at its place in a text.
+struct PlacedWord {
   std::shared_ptr<const ShapedWord> word;
-  std::size_t start = 0;  ///< its first unit in the text
+  std::size_t start = 0;  ///< the index of its first code unit in the text
   double size = 0;        ///< points to the em
   double kern = 0;        ///< points after each character
   std::size_t rank = 0;   ///< of words that stand apart, the lower one stands left
@@ -27,15 +27,15 @@ struct SetWord {
 
 /// What a line and its parts share.
 struct TextLineContent {
-  std::vector<SetWord> words;
-  std::size_t start = 0;  ///< the line's first unit in the text
+  std::vector<PlacedWord> words;
+  std::size_t start = 0;  ///< the index of the line's first code unit in the text
   std::vector<TextUnit> units;
   std::shared_ptr<QtRawFonts> rawFonts;
 };
 
 class QtTextLine final : public TextLine, public std::enable_shared_from_this<QtTextLine> {
  public:
-  /// Of the units from `from` up to `to` of the line.
+  /// Of the indexes from `from` up to `to` of the line.
   QtTextLine(std::shared_ptr<const TextLineContent> content, double width, std::size_t from, std::size_t to)
       : content_(std::move(content)), width_(width), from_(from), to_(to) {}
 

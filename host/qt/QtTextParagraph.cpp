@@ -21,12 +21,12 @@ std::vector<LineBreak> breaksIn(const std::u16string& text) {
   return breaks;
 }
 
-/// Puts the units of a line one after the other, word by word from the left.
+/// Puts the code units of a line one after the other, word by word from the left.
 class UnitPlacer {
  public:
   UnitPlacer(std::size_t from, std::size_t to) : from_(from), to_(to), units_(to - from) {}
 
-  void place(const SetWord& word) {
+  void place(const PlacedWord& word) {
     const std::size_t count = word.word->units.size();
     if (!word.isRightToLeft) {
       for (std::size_t i = 0; i < count; ++i) place(word, i);
@@ -44,7 +44,7 @@ class UnitPlacer {
   [[nodiscard]] std::vector<TextUnit> take() { return std::move(units_); }
 
  private:
-  void place(const SetWord& word, std::size_t i) {
+  void place(const PlacedWord& word, std::size_t i) {
     const std::size_t index = word.start + i;
     if (index < from_ || index >= to_) return;
     const auto& unit = word.word->units[i];
@@ -68,7 +68,7 @@ class UnitPlacer {
 
 }  // namespace
 
-QtTextParagraph::QtTextParagraph(std::u16string text, TextDirection direction, std::vector<SetWord> words,
+QtTextParagraph::QtTextParagraph(std::u16string text, TextDirection direction, std::vector<PlacedWord> words,
                                  std::shared_ptr<QtRawFonts> rawFonts)
     : text_(std::move(text)),
       direction_(direction),
@@ -113,14 +113,14 @@ std::shared_ptr<const TextLine> QtTextParagraph::line(std::size_t from, std::siz
   return line;
 }
 
-std::vector<SetWord> QtTextParagraph::visualWords(std::size_t from, std::size_t to) const {
-  const auto first = std::ranges::upper_bound(words_, from, {}, &SetWord::end);
-  const auto last = std::ranges::lower_bound(first, words_.end(), to, {}, &SetWord::start);
-  std::vector<SetWord> words(first, last);
+std::vector<PlacedWord> QtTextParagraph::visualWords(std::size_t from, std::size_t to) const {
+  const auto first = std::ranges::upper_bound(words_, from, {}, &PlacedWord::end);
+  const auto last = std::ranges::lower_bound(first, words_.end(), to, {}, &PlacedWord::start);
+  std::vector<PlacedWord> words(first, last);
   std::size_t visible = words.size();
   while (visible > 0 && isSpace(text_[words[visible - 1].start])) --visible;
   const auto trailing = words.begin() + static_cast<std::ptrdiff_t>(visible);
-  const auto byRank = [](const SetWord& a, const SetWord& b) { return a.rank < b.rank; };
+  const auto byRank = [](const PlacedWord& a, const PlacedWord& b) { return a.rank < b.rank; };
   std::stable_sort(words.begin(), trailing, byRank);
   if (direction_ == TextDirection::rightToLeft) {
     std::reverse(trailing, words.end());

@@ -13,7 +13,7 @@ namespace bkuk::host {
 class QtTextParagraph final : public TextParagraph {
  public:
   /// `words` are in the order of the text and leave nothing out.
-  QtTextParagraph(std::u16string text, TextDirection direction, std::vector<SetWord> words,
+  QtTextParagraph(std::u16string text, TextDirection direction, std::vector<PlacedWord> words,
                   std::shared_ptr<QtRawFonts> rawFonts);
 
   [[nodiscard]] std::size_t length() const override { return text_.size(); }
@@ -23,11 +23,11 @@ class QtTextParagraph final : public TextParagraph {
   [[nodiscard]] std::shared_ptr<const TextLine> line(std::size_t from, std::size_t to) const override;
 
  private:
-  [[nodiscard]] std::vector<SetWord> visualWords(std::size_t from, std::size_t to) const;
+  [[nodiscard]] std::vector<PlacedWord> visualWords(std::size_t from, std::size_t to) const;
 
   std::u16string text_;
   TextDirection direction_;
-  std::vector<SetWord> words_;
+  std::vector<PlacedWord> words_;
   std::shared_ptr<QtRawFonts> rawFonts_;
   double width_ = 0;
   // Asked for by those who break lines; most labels never do.

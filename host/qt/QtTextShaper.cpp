@@ -17,19 +17,19 @@ constexpr std::size_t mostWordsTogether = 16;
 
 }  // namespace
 
-/// Sets the words of one paragraph, span by span and run by run.
-class QtTextShaper::Setter {
+/// Gathers the words of one paragraph, span by span and run by run.
+class QtTextShaper::ParagraphBuilder {
  public:
-  Setter(QtTextShaper& shaper, std::u16string_view text, std::span<const StyledRun> runs)
+  ParagraphBuilder(QtTextShaper& shaper, std::u16string_view text, std::span<const StyledRun> runs)
       : shaper_(shaper), text_(text), runs_(runs) {
     words_.reserve(text.size() / 4 + 2);
   }
 
-  void set(const DirectedSpan& span) {
+  void add(const DirectedSpan& span) {
     const std::size_t first = words_.size();
     for (std::size_t at = span.from; at < span.to;) {
       const std::size_t end = std::min(span.to, runEnd(at));
-      set(at, end, span);
+      addWords(at, end, span);
       at = end;
     }
     // Within the span, words that come later stand left of those before where it runs leftwards.
@@ -38,11 +38,11 @@ class QtTextShaper::Setter {
     for (std::size_t i = 0; i < count; ++i) words_[first + i].rank += count - 1 - i;
   }
 
-  [[nodiscard]] std::vector<SetWord> take() { return std::move(words_); }
+  [[nodiscard]] std::vector<PlacedWord> take() { return std::move(words_); }
 
  private:
-  // Ranks leave room for one word for each unit of a span.
-  void set(std::size_t from, std::size_t to, const DirectedSpan& span) {
+  // Ranks leave room for one word for each code unit of a span.
+  void addWords(std::size_t from, std::size_t to, const DirectedSpan& span) {
     const bool isRightToLeft = span.direction == TextDirection::rightToLeft;
     while (from < to) {
       const auto rest = text_.substr(from, to - from);
@@ -55,7 +55,7 @@ class QtTextShaper::Setter {
     }
   }
 
-  // Where the run ends that holds the unit; moves on to that run.
+  // Where the run ends that holds the index; moves on to that run.
   std::size_t runEnd(std::size_t at) {
     while (run_ + 1 < runs_.size() && at >= runStart_ + runs_[run_].length) runStart_ += runs_[run_++].length;
     return run_ + 1 < runs_.size() ? runStart_ + runs_[run_].length : text_.size();
@@ -67,7 +67,7 @@ class QtTextShaper::Setter {
   std::span<const StyledRun> runs_;
   std::size_t run_ = 0;
   std::size_t runStart_ = 0;
-  std::vector<SetWord> words_;
+  std::vector<PlacedWord> words_;
 };
 
 std::shared_ptr<const TextParagraph> QtTextShaper::paragraph(std::u16string_view text,
@@ -84,13 +84,13 @@ std::shared_ptr<const TextParagraph> QtTextShaper::shape(std::u16string_view tex
                                                          std::span<const StyledRun> runs,
                                                          TextDirection direction) {
   if (runs.empty()) text = {};
-  Setter setter(*this, text, runs);
+  ParagraphBuilder builder(*this, text, runs);
   if (direction == TextDirection::leftToRight && !mayRunRightToLeft(text)) {
-    setter.set({0, text.size(), direction, 0});
+    builder.add({0, text.size(), direction, 0});
   } else if (!text.empty()) {
-    for (const auto& span : directedSpans(text, direction, runs[0].face->layoutFont(true))) setter.set(span);
+    for (const auto& span : directedSpans(text, direction, runs[0].face->layoutFont(true))) builder.add(span);
   }
-  return std::make_shared<QtTextParagraph>(std::u16string(text), direction, setter.take(), rawFonts_);
+  return std::make_shared<QtTextParagraph>(std::u16string(text), direction, builder.take(), rawFonts_);
 }
 
 std::shared_ptr<const ShapedWord> QtTextShaper::word(std::u16string_view text, std::size_t length,

@@ -73,7 +73,7 @@ class QtTextShaper {
   template <typename Value>
   using Cache = GenerationCache<Key, Value, Hash, Equal>;
 
-  class Setter;
+  class ParagraphBuilder;
 
   [[nodiscard]] std::shared_ptr<const TextParagraph> shape(std::u16string_view text,
                                                            std::span<const StyledRun> runs,

@@ -80,6 +80,7 @@ class Maker {
     auto* after = items_[index + 1];
     Attribute beforeEdge = format_.elements[index].isSuperview() ? start : end;
     Attribute afterEdge = format_.elements[index + 1].isSuperview() ? end : start;
+    // Distances count to the right, where the element that the format names first stands.
     if (isHorizontal() && isRightToLeft) {
       std::swap(before, after);
       std::swap(beforeEdge, afterEdge);

@@ -421,7 +421,8 @@ LayoutExpression NSLayoutEngine::expressionOf(NSLayoutConstraint& constraint) {
   return expression.addConstant(-constraint.constant());
 }
 
-// From left to right, whichever way the text runs: who calls turns leading and trailing.
+// Measured from the left edge of `space`, where leading and trailing are the edges that they stand for in it.
+// A constraint that names one of these is measured from where text begins: who calls turns the value round.
 LayoutExpression NSLayoutEngine::valueOf(NSLayoutItem& item, Attribute attribute, const Metrics& metrics,
                                          const NSView& space) {
   const auto& found = itemFor(item);

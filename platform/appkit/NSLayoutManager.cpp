@@ -119,8 +119,8 @@ NSRange NSLayoutManager::glyphRange(const NSTextContainer& forTextContainer) {
 
 NSRange NSLayoutManager::truncatedGlyphRange(std::size_t inLineFragmentForGlyphAt) {
   const auto* line = lineOf(inLineFragmentForGlyphAt);
-  if (!line || line->setting.hidden.length == 0) return {NSNotFound, 0};
-  return {line->range.location + line->setting.hidden.location, line->setting.hidden.length};
+  if (!line || line->content.hidden.length == 0) return {NSNotFound, 0};
+  return {line->range.location + line->content.hidden.location, line->content.hidden.length};
 }
 
 // Rectangles
@@ -190,7 +190,7 @@ std::size_t NSLayoutManager::glyphIndex(NSPoint forPoint, const NSTextContainer&
     distance = away;
     nearest = i;
   }
-  const bool isRightOfLine = forPoint.x >= line.setting.left + line.setting.width;
+  const bool isRightOfLine = forPoint.x >= line.content.left + line.content.width;
   if (fraction) *fraction = isRightOfLine ? 1 : 0;
   const bool hitsBreak = line.endsWithBreak && isRightOfLine && !boxes.empty();
   if (hitsBreak) nearest = boxes.size() - 1;

@@ -10,7 +10,7 @@
 
 namespace bkuk {
 
-/// Where a line ends, in units of its paragraph.
+/// Where a line ends, as indexes into its paragraph.
 struct NSLineEnd {
   std::size_t end = 0;      ///< where the next line begins
   std::size_t visible = 0;  ///< where the white space begins that hangs at the end
@@ -39,7 +39,7 @@ class NSLineBreaker {
   NSLineBreakMode mode_;
 };
 
-/// Whether a unit is white space that may hang at the end of a line.
+/// Whether a code unit is white space that may hang at the end of a line.
 [[nodiscard]] constexpr bool NSIsLineSpace(char16_t c) {
   return c == u' ' || c == u'\t' || c == 0x1680 || (c >= 0x2000 && c <= 0x200A && c != 0x2007) || c == 0x3000;
 }

@@ -10,27 +10,27 @@ namespace bkuk {
 NSLineFragment::Glyphs& NSLineFragment::glyphs() const {
   if (!glyphs_) {
     glyphs_ = std::make_shared<Glyphs>();
-    if (setting.paragraph) glyphs_->line = setting.paragraph->line(setting.from, setting.to);
+    if (content.paragraph) glyphs_->line = content.paragraph->line(content.from, content.to);
   }
   return *glyphs_;
 }
 
 // How many of the line's characters have a glyph or hide behind one; the others hang at its end.
 std::size_t NSLineFragment::shownCount() const {
-  const std::size_t units = setting.to - setting.from;
-  return setting.hasEllipsis ? units - 1 + setting.hidden.length : units;
+  const std::size_t units = content.to - content.from;
+  return content.hasEllipsis ? units - 1 + content.hidden.length : units;
 }
 
-// The unit of the shaped line that shows the character.
+// The code unit of the shaped line that shows the character.
 std::size_t NSLineFragment::unitOf(std::size_t offset) const {
-  if (!setting.hasEllipsis || offset <= setting.hidden.location) return offset;
-  if (offset < NSMaxRange(setting.hidden)) return setting.hidden.location + 1;
-  return offset - setting.hidden.length + 1;
+  if (!content.hasEllipsis || offset <= content.hidden.location) return offset;
+  if (offset < NSMaxRange(content.hidden)) return content.hidden.location + 1;
+  return offset - content.hidden.length + 1;
 }
 
 void NSLineFragment::findGaps(const NSAttributedString& text) const {
   auto& gaps = glyphs().gaps;
-  if (setting.gap == 0 || !gaps.empty()) return;
+  if (content.gap == 0 || !gaps.empty()) return;
   const auto units = glyphs().line->units();
   for (std::size_t i = 0; i < units.size(); ++i) {
     if (NSIsLineSpace(text.string().units()[range.location + i])) gaps.push_back(units[i].x);
@@ -41,7 +41,7 @@ void NSLineFragment::findGaps(const NSAttributedString& text) const {
 // How far what stood at `x` is moved to the right by the spaces left of it.
 CGFloat NSLineFragment::shiftAt(CGFloat x) const {
   const auto& gaps = glyphs_->gaps;
-  return setting.gap * static_cast<CGFloat>(std::ranges::lower_bound(gaps, x) - gaps.begin());
+  return content.gap * static_cast<CGFloat>(std::ranges::lower_bound(gaps, x) - gaps.begin());
 }
 
 std::span<const NSGlyphBox> NSLineFragment::boxes(const NSAttributedString& text) const {
@@ -49,17 +49,17 @@ std::span<const NSGlyphBox> NSLineFragment::boxes(const NSAttributedString& text
   if (!boxes.empty()) return boxes;
   findGaps(text);
   const std::size_t shown = shownCount();
-  const CGFloat end = isRightToLeft ? setting.left : setting.left + setting.width;
+  const CGFloat end = isRightToLeft ? content.left : content.left + content.width;
   boxes.assign(range.length, {end, 0, isRightToLeft});
   if (!glyphs_->line) return boxes;
   const auto units = glyphs_->line->units();
   for (std::size_t i = 0; i < std::min(shown, range.length); ++i) {
     const bool isHidden =
-        setting.hasEllipsis && i > setting.hidden.location && NSLocationInRange(i, setting.hidden);
-    const auto& unit = units[isHidden ? setting.hidden.location : unitOf(i)];
+        content.hasEllipsis && i > content.hidden.location && NSLocationInRange(i, content.hidden);
+    const auto& unit = units[isHidden ? content.hidden.location : unitOf(i)];
     const bool isGap = std::ranges::binary_search(glyphs_->gaps, unit.x) && unit.advance > 0;
-    const CGFloat advance = unit.advance + (isGap ? setting.gap : 0);
-    const CGFloat left = setting.left + unit.x + shiftAt(unit.x);
+    const CGFloat advance = unit.advance + (isGap ? content.gap : 0);
+    const CGFloat left = content.left + unit.x + shiftAt(unit.x);
     boxes[i] = {left, advance, unit.isRightToLeft};
     // What hides behind an ellipsis stands behind it.
     if (isHidden) boxes[i] = {left + (unit.isRightToLeft ? 0 : advance), 0, unit.isRightToLeft};
@@ -73,9 +73,9 @@ void NSLineFragment::addPiece(NSRange pieceRange, const NSAttributeDictionary& a
   if (from >= to) return;
   const auto& line = glyphs_->line;
   const bool isWhole = from == 0 && to == line->units().size();
-  const CGFloat shift = setting.gap != 0 ? shiftAt(line->units()[from].x) : 0;
+  const CGFloat shift = content.gap != 0 ? shiftAt(line->units()[from].x) : 0;
   glyphs_->pieces.push_back(
-      {pieceRange, attributes, isWhole ? line : line->part(from, to), setting.left + shift});
+      {pieceRange, attributes, isWhole ? line : line->part(from, to), content.left + shift});
 }
 
 std::shared_ptr<const host::TextLine> NSLineFragment::part(NSRange characters) const {
@@ -105,15 +105,15 @@ const std::vector<NSTextPiece>& NSLineFragment::pieces(const NSAttributedString&
   for (std::size_t at = range.location; at < end;) {
     NSRange run;
     const auto& attributes = text.attributes(at, run, {at, end - at});
-    if (setting.gap != 0) addWords(text, run, attributes);
-    if (setting.gap == 0) addPiece(run, attributes);
+    if (content.gap != 0) addWords(text, run, attributes);
+    if (content.gap == 0) addPiece(run, attributes);
     at = NSMaxRange(run);
   }
   // The ellipsis of a line that is cut off after its last character stands for none of its own.
-  const bool isEllipsisLeft = setting.hasEllipsis && setting.hidden.length == 0 && !pieces.empty();
+  const bool isEllipsisLeft = content.hasEllipsis && content.hidden.length == 0 && !pieces.empty();
   if (isEllipsisLeft) {
     const std::size_t last = glyphs_->line->units().size() - 1;
-    pieces.push_back({{end, 0}, pieces.back().attributes, glyphs_->line->part(last, last + 1), setting.left});
+    pieces.push_back({{end, 0}, pieces.back().attributes, glyphs_->line->part(last, last + 1), content.left});
   }
   return pieces;
 }

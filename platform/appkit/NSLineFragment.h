@@ -18,7 +18,7 @@ struct NSGlyphBox {
   bool isRightToLeft = false;
 };
 
-/// Part of a line in one look: shaped, with what its attributes were when the line was set.
+/// Part of a line within one attribute run: shaped, with what its attributes were when the line was set.
 struct NSTextPiece {
   NSRange range;  ///< of the whole text
   NSAttributeDictionary attributes;
@@ -27,9 +27,9 @@ struct NSTextPiece {
 };
 
 /// What a line shows, and where.
-struct NSLineSetting {
+struct NSLineContent {
   std::shared_ptr<const host::TextParagraph> paragraph;  ///< null for a line without text
-  std::size_t from = 0;                                  ///< the first unit of the paragraph
+  std::size_t from = 0;                                  ///< an index into the paragraph
   std::size_t to = 0;
   NSRange hidden;  ///< of the line's characters, what an ellipsis stands for
   bool hasEllipsis = false;
@@ -47,9 +47,9 @@ class NSLineFragment {
   CGFloat baseline = 0;  ///< from the container's upper edge
   bool endsWithBreak = false;
   bool isRightToLeft = false;
-  NSLineSetting setting;
+  NSLineContent content;
 
-  /// One for each character of `range`.
+  /// One for each code unit of `range`.
   [[nodiscard]] std::span<const NSGlyphBox> boxes(const NSAttributedString& text) const;
   /// In the order of the text.
   [[nodiscard]] const std::vector<NSTextPiece>& pieces(const NSAttributedString& text) const;
@@ -57,7 +57,7 @@ class NSLineFragment {
   [[nodiscard]] std::shared_ptr<const host::TextLine> part(NSRange characters) const;
 
  private:
-  /// What is derived from the setting.
+  /// What is derived from the content.
   struct Glyphs {
     std::shared_ptr<const host::TextLine> line;
     std::vector<NSGlyphBox> boxes;

@@ -22,7 +22,7 @@ struct NSLongLine {
 /// A line that fits, or of which nothing more can be left out.
 struct NSFittedLine {
   std::shared_ptr<const host::TextParagraph> paragraph;
-  /// The units of the text for which the paragraph has an ellipsis; empty when it shows them all.
+  /// The range of the text for which the paragraph has an ellipsis; empty when it shows it all.
   NSRange hidden;
   bool hasEllipsis = false;
 };

@@ -27,7 +27,7 @@ struct NSTextLayoutOptions {
 /// its attributes stay as they are.
 class NSTextLayout {
  public:
-  /// Of what follows the unit `from`. At least one line is set, however little room there is.
+  /// From the index `from` on. At least one line is set, however little room there is.
   NSTextLayout(const NSAttributedString& text, std::size_t from, const NSTextLayoutOptions& options);
 
   [[nodiscard]] const std::vector<NSLineFragment>& lines() const { return lines_; }
@@ -48,7 +48,8 @@ class NSTextLayout {
   std::vector<NSLineFragment> lines_;
 };
 
-/// The size of a text laid out in that room, without keeping its lines. Quick for short texts in one look.
+/// The size of a text laid out in that room, without keeping its lines. Quick for short texts of one
+/// attribute run.
 [[nodiscard]] NSSize NSTextLayoutSize(const NSAttributedString& text, const NSTextLayoutOptions& options);
 
 }  // namespace bkuk

@@ -50,7 +50,7 @@ class NSTextRuns {
   NSTextRuns(const NSAttributedString& text, NSRange range);
 
   [[nodiscard]] const std::vector<host::TextRun>& runs() const { return runs_; }
-  /// Takes over the runs of the units from `from` up to `to`.
+  /// Takes over the runs of the indexes from `from` up to `to`.
   void append(const NSTextRuns& other, std::size_t from, std::size_t to);
   /// Adds to the space behind every character.
   void addKern(CGFloat kern);

@@ -40,7 +40,7 @@ CGFloat shareOf(NSTextAlignment alignment, bool isInterfaceRightToLeft, bool isT
   return isInterfaceRightToLeft ? 1 : 0;
 }
 
-NSLineSetting settingOf(NSFittedLine fitted) {
+NSLineContent contentOf(NSFittedLine fitted) {
   const std::size_t length = fitted.paragraph->length();
   const CGFloat width = fitted.paragraph->width();
   return {std::move(fitted.paragraph), 0, length, fitted.hidden, fitted.hasEllipsis, 0, width};
@@ -81,13 +81,13 @@ std::vector<NSLineFragment> NSTypesetter::lines(std::size_t from) {
 
 std::optional<NSSize> NSTypesetter::sizeOfPlainLine() {
   if (text_.length() == 0) return std::nullopt;
-  NSRange look;
-  const auto& attributes = text_.attributes(0, &look);
+  NSRange attributeRun;
+  const auto& attributes = text_.attributes(0, &attributeRun);
   const auto segment = NSTextSegmentAt(text_.string().units(), 0);
-  if (look.length != text_.length() || segment.range != look) return std::nullopt;
+  if (attributeRun.length != text_.length() || segment.range != attributeRun) return std::nullopt;
   const auto run = NSTextRun::of(attributes);
   const auto style = NSParagraphStyleOf(attributes);
-  const host::TextRun hostRun = run.hostRun(look.length);
+  const host::TextRun hostRun = run.hostRun(attributeRun.length);
   const auto shaped =
       host::current().fonts().shape(text_.string().units(), {&hostRun, 1}, directionOf(segment, *style));
   const CGFloat indents = style->firstLineHeadIndent() + std::abs(style->tailIndent());
@@ -167,7 +167,7 @@ bool NSTypesetter::setOnOneLine(Paragraph& paragraph) {
                        room(paragraph), mode, *paragraph.style);
   }
   return place(paragraph, {segment.range.location, segment.end() - segment.range.location},
-               settingOf(std::move(fitted)));
+               contentOf(std::move(fitted)));
 }
 
 bool NSTypesetter::setWrapped(Paragraph& paragraph) {
@@ -189,7 +189,7 @@ bool NSTypesetter::setWrapped(Paragraph& paragraph) {
   return true;
 }
 
-// Sets what follows the unit `from` as the last line, which ends in an ellipsis.
+// Sets what is left from the index `from` on as the last line, which ends in an ellipsis.
 bool NSTypesetter::setCutOff(const Paragraph& paragraph, std::size_t from) {
   const auto& segment = paragraph.segment;
   const std::size_t start = segment.range.location + from;
@@ -199,7 +199,7 @@ bool NSTypesetter::setCutOff(const Paragraph& paragraph, std::size_t from) {
   const auto shaped = host::current().fonts().shape(units, runs.runs(), paragraph.direction);
   auto fitted = NSFitLine({units, runs, paragraph.direction, shaped}, room(paragraph),
                           NSLineBreakMode::truncatingTail, *paragraph.style, true);
-  return place(paragraph, {start, segment.end() - start}, settingOf(std::move(fitted)));
+  return place(paragraph, {start, segment.end() - start}, contentOf(std::move(fitted)));
 }
 
 bool NSTypesetter::isLastLine() const {
@@ -212,7 +212,7 @@ bool NSTypesetter::cutsOff(std::size_t end) const {
 }
 
 // Puts a line below those that are there; false when there is no room for it, or for one more.
-bool NSTypesetter::place(const Paragraph& paragraph, NSRange range, NSLineSetting setting) {
+bool NSTypesetter::place(const Paragraph& paragraph, NSRange range, NSLineContent content) {
   NSLineMetrics metrics;
   if (range.length > 0) metrics = NSLineMetrics::of(text_, range);
   if (range.length == 0) metrics.include(attributesAt(range.location));
@@ -229,7 +229,7 @@ bool NSTypesetter::place(const Paragraph& paragraph, NSRange range, NSLineSettin
   line.baseline = top + height - metrics.leading - metrics.descent;
   line.isRightToLeft = paragraph.direction == host::TextDirection::rightToLeft;
   line.endsWithBreak = paragraph.segment.breakLength > 0 && NSMaxRange(range) == paragraph.segment.end();
-  line.setting = std::move(setting);
+  line.content = std::move(content);
   line.rect = {0, top, isWidthLimited_ ? options_.size.width : 0, height};
   line.usedRect = {0, top, 0, height};
   align(line, paragraph);
@@ -249,18 +249,18 @@ void NSTypesetter::align(NSLineFragment& line, const Paragraph& paragraph) {
   const CGFloat full = room(paragraph);
   const bool goesOn = NSMaxRange(line.range) < paragraph.segment.end();
   const bool isJustified = alignment == NSTextAlignment::justified && goesOn && isWidthLimited_;
-  if (isJustified && full > line.setting.width) justify(line, full - line.setting.width);
+  if (isJustified && full > line.content.width) justify(line, full - line.content.width);
   // Indents are on the side where the paragraph's lines begin.
   CGFloat left = padding + indent(paragraph);
   if (line.isRightToLeft && isWidthLimited_) left = options_.size.width - left - full;
   // Of a line that is too long the beginning is seen, whatever its alignment.
-  const bool overflows = isWidthLimited_ && line.setting.width > full;
+  const bool overflows = isWidthLimited_ && line.content.width > full;
   const auto placed = overflows ? NSTextAlignment::justified : alignment;
   const CGFloat share = shareOf(placed, isInterfaceRightToLeft, line.isRightToLeft);
-  if (isWidthLimited_) left += (full - line.setting.width) * share;
-  line.setting.left = left;
+  if (isWidthLimited_) left += (full - line.content.width) * share;
+  line.content.left = left;
   line.usedRect.origin.x = left - padding;
-  line.usedRect.size.width = line.setting.width + 2 * padding;
+  line.usedRect.size.width = line.content.width + 2 * padding;
   shares_.push_back(share);
 }
 
@@ -268,21 +268,21 @@ void NSTypesetter::align(NSLineFragment& line, const Paragraph& paragraph) {
 void NSTypesetter::justify(NSLineFragment& line, CGFloat rest) const {
   const auto units = text_.string().units();
   std::size_t spaces = 0;
-  for (std::size_t i = 0; i < line.setting.to - line.setting.from; ++i) {
+  for (std::size_t i = 0; i < line.content.to - line.content.from; ++i) {
     if (NSIsLineSpace(units[line.range.location + i])) ++spaces;
   }
   if (spaces == 0) return;
-  line.setting.gap = rest / static_cast<CGFloat>(spaces);
-  line.setting.width += rest;
+  line.content.gap = rest / static_cast<CGFloat>(spaces);
+  line.content.width += rest;
 }
 
 // Without a width to go by, lines take the widest one's.
 void NSTypesetter::alignAmongThemselves() {
   CGFloat widest = 0;
-  for (const auto& line : lines_) widest = std::max(widest, line.setting.width);
+  for (const auto& line : lines_) widest = std::max(widest, line.content.width);
   for (std::size_t i = 0; i < lines_.size(); ++i) {
-    const CGFloat shift = (widest - lines_[i].setting.width) * shares_[i];
-    lines_[i].setting.left += shift;
+    const CGFloat shift = (widest - lines_[i].content.width) * shares_[i];
+    lines_[i].content.left += shift;
     lines_[i].usedRect.origin.x += shift;
   }
 }

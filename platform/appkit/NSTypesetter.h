@@ -18,10 +18,10 @@ class NSTypesetter {
  public:
   NSTypesetter(const NSAttributedString& text, const NSTextLayoutOptions& options);
 
-  /// Sets what follows the unit `from`, until the container is full, and answers the lines.
+  /// Sets the text from the index `from` on, until the container is full, and answers the lines.
   [[nodiscard]] std::vector<NSLineFragment> lines(std::size_t from);
-  /// The used size of the whole text where it is one line in one look, found without setting it; absent for
-  /// every other text.
+  /// The used size of the whole text where it is one line of one attribute run, found without setting it;
+  /// absent for every other text.
   [[nodiscard]] std::optional<NSSize> sizeOfPlainLine();
 
  private:
@@ -47,7 +47,7 @@ class NSTypesetter {
   bool setOnOneLine(Paragraph& paragraph);
   bool setCutOff(const Paragraph& paragraph, std::size_t from);
   bool setEmptyLine(const Paragraph& paragraph);
-  bool place(const Paragraph& paragraph, NSRange range, NSLineSetting setting);
+  bool place(const Paragraph& paragraph, NSRange range, NSLineContent content);
 
   [[nodiscard]] bool isLastLine() const;
   [[nodiscard]] bool cutsOff(std::size_t end) const;
