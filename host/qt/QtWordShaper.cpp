@@ -39,6 +39,19 @@ QString shapeable(std::u16string_view text) {
   return word;
 }
 
+// Joiners and variation selectors say how others are drawn; no face needs a glyph for them.
+bool needsGlyph(char32_t character) {
+  const bool isSelector =
+      (character >= 0xFE00 && character <= 0xFE0F) || (character >= 0xE0100 && character <= 0xE01EF);
+  return !isSelector && QChar::category(character) != QChar::Other_Format;
+}
+
+bool canDraw(const QRawFont& face, QStringView text) {
+  return std::ranges::all_of(text.toUcs4(), [&](char32_t character) {
+    return !needsGlyph(character) || face.supportsCharacter(character);
+  });
+}
+
 struct PlacedGlyph {
   std::uint32_t index;
   QRawFont font;
@@ -60,9 +73,11 @@ class ShapedLine {
     layout_.setTextOption(option);
     // Otherwise the end of the layout forgets the glyphs, and the first question shapes the text again.
     layout_.setCacheEnabled(true);
-    layout_.beginLayout();
-    line_ = layout_.createLine();
-    layout_.endLayout();
+    layOut();
+    const auto formats = facesOfTornCharacters(style.face->layoutFont(style.usesPairKerning));
+    if (formats.isEmpty()) return;
+    layout_.setFormats(formats);
+    layOut();
   }
 
   [[nodiscard]] bool startsCharacter(int index) const {
@@ -83,6 +98,41 @@ class ShapedLine {
   }
 
  private:
+  void layOut() {
+    layout_.beginLayout();
+    line_ = layout_.createLine();
+    layout_.endLayout();
+  }
+
+  // Fallback looks for a face code point by code point, and so tears a joined emoji of which the text's own
+  // face has a part. Such a character is set in that one of its faces that has all of it.
+  [[nodiscard]] QList<QTextLayout::FormatRange> facesOfTornCharacters(const QFont& font) const {
+    QList<QTextLayout::FormatRange> formats;
+    const auto length = static_cast<int>(layout_.text().size());
+    for (int start = 0, end = 0; start < length; start = end) {
+      for (end = start + 1; end < length && !startsCharacter(end);) ++end;
+      const auto family = end - start > 1 ? familyOfTorn(start, end - start) : QString();
+      if (family.isEmpty()) continue;
+      QTextCharFormat format;
+      QFont face = font;
+      face.setFamilies({family});
+      format.setFont(face);
+      formats.push_back({start, end - start, format});
+    }
+    return formats;
+  }
+
+  // Empty for a character that is whole, or that no face of it can draw.
+  [[nodiscard]] QString familyOfTorn(int start, int length) const {
+    const auto runs = line_.glyphRuns(start, length);
+    const auto isOfFirst = [&](const QGlyphRun& run) { return run.rawFont() == runs[0].rawFont(); };
+    if (std::ranges::all_of(runs, isOfFirst)) return {};
+    const auto text = QStringView(layout_.text()).mid(start, length);
+    const auto found =
+        std::ranges::find_if(runs, [&](const QGlyphRun& run) { return canDraw(run.rawFont(), text); });
+    return found != runs.end() ? found->rawFont().familyName() : QString();
+  }
+
   QTextLayout layout_;
   QTextLine line_;
 };

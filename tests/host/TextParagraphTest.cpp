@@ -1,8 +1,10 @@
 #include <gtest/gtest.h>
 #include <numeric>
+#include <set>
 
 #include "host/qt/QtCanvas.h"
 #include "host/qt/QtFonts.h"
+#include "host/qt/QtTextLine.h"
 
 namespace bkuk::host {
 namespace {
@@ -64,6 +66,25 @@ TEST_F(TextParagraphTest, GivesEveryCharacterItsOwnGlyphs) {
   EXPECT_EQ(units[2].x, units[1].x);
   EXPECT_NEAR(units[5].advance, units[6].advance, 1e-9) << "two letters f";
   EXPECT_NEAR(units[7].x + units[7].advance, line->width(), 1e-9);
+}
+
+// Of each of these pairs the text's own face has one half, and another face both.
+TEST_F(TextParagraphTest, SetsACharacterInOneFace) {
+  font = fonts.font("Inter-Regular", 16);
+  ASSERT_TRUE(font && font->glyph(0x2764) != 0 && font->glyph(0x2601) == 0);
+  const auto faces = [&](std::u16string_view text) {
+    std::set<QString> names;
+    const auto line = std::static_pointer_cast<const QtTextLine>(shape(text)->line(0, text.size()));
+    for (const auto& run : line->runs()) names.insert(run.rawFont().familyName());
+    return names;
+  };
+  EXPECT_EQ(faces(u"\u2764\u2601").size(), 2U) << "two characters";
+  for (const auto* joined : {u"\u2601\u200D\u2764", u"\u2764\uFE0F\u200D\u2601"}) {
+    EXPECT_EQ(faces(joined).size(), 1U);
+    EXPECT_FALSE(faces(joined).contains("Inter"));
+    const auto line = shape(joined)->line(0, SIZE_MAX);
+    EXPECT_EQ(std::ranges::count(line->units(), true, &TextUnit::startsCharacter), 1);
+  }
 }
 
 TEST_F(TextParagraphTest, ReordersBothDirections) {
