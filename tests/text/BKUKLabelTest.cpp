@@ -234,6 +234,12 @@ TEST_F(BKUKLabelTest, AnOperatorReplacesWhatIsMarked) {
             NSColor::red().get());
 }
 
+struct EditCounter : NSTextStorageListener {
+  void setTextStorage(NSTextStorage*) override {}
+  void processEditing(NSTextStorage&, const NSTextStorageEdit&) override { ++count; }
+  int count = 0;
+};
+
 TEST_F(BKUKLabelTest, SyncsWithTextFields) {
   label->setShouldUseNSTextFieldSync(true);
   label->setVerticalNSTextFieldSyncOffset(3.4);
@@ -245,6 +251,15 @@ TEST_F(BKUKLabelTest, SyncsWithTextFields) {
   const auto* set =
       label->textStorage()->attributes(0).object<NSParagraphStyle>(NSParagraphStyleAttributeName);
   EXPECT_EQ(set->lineSpacing(), 3);
+  const auto counter = make<EditCounter>();
+  label->textStorage()->addLayoutManager(counter);
+  (void)label->intrinsicContentSize();
+  (void)label->height(20);
+  EXPECT_EQ(counter->count, 0) << "measuring edits nothing";
+  label->setVerticalNSTextFieldSyncOffset(5);
+  (void)label->intrinsicContentSize();
+  set = label->textStorage()->attributes(0).object<NSParagraphStyle>(NSParagraphStyleAttributeName);
+  EXPECT_EQ(set->lineSpacing(), 5);
   label->setAlignment(std::nullopt);
   EXPECT_TRUE(stopLine([&] { (void)label->intrinsicContentSize(); }).has_value());
 }
