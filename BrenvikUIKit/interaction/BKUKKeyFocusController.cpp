@@ -4,7 +4,6 @@
 
 #include "platform/appkit/NSApplication.h"
 #include "platform/foundation/Fatal.h"
-#include "platform/foundation/ObjectBehind.h"
 
 namespace bkuk {
 
@@ -17,15 +16,6 @@ BKUKKeyFocusController::BKUKKeyFocusController(NSView* view, Preset preset)
       enableFullKeyboardFocus_(preset != Preset::inactive),
       drawFocusRing_(required(defaultDrawFocusRing,
                               "BKUKKeyFocusController: defaultDrawFocusRing is empty; assign a function")()) {
-}
-
-BKUKKeyFocusControllerDelegate* BKUKKeyFocusController::delegate() const {
-  return delegateObject_.isAlive() ? delegate_ : nullptr;
-}
-
-void BKUKKeyFocusController::setDelegate(BKUKKeyFocusControllerDelegate* delegate) {
-  delegateObject_ = objectBehind(delegate);
-  delegate_ = delegate;
 }
 
 void BKUKKeyFocusController::setDrawFocusRing(bool draws) {
@@ -73,9 +63,9 @@ void BKUKKeyFocusController::resignFocus() {
 
 void BKUKKeyFocusController::tellDelegate() {
   const Ref<BKUKKeyFocusController> self(this);
-  const auto keepDelegate = delegateObject_.lock();
+  const auto delegate = delegate_.lock();
   const auto view = view_.lock();
-  if (keepDelegate && view) delegate_->keyFocusChanged(*view, focused_);
+  if (delegate && view) delegate->keyFocusChanged(*view, focused_);
 }
 
 NSRect BKUKKeyFocusController::focusRingMaskBounds() const {

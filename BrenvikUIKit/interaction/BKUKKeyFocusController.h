@@ -6,6 +6,7 @@
 #include "platform/appkit/NSBezierPath.h"
 #include "platform/appkit/NSImage.h"
 #include "platform/appkit/NSView.h"
+#include "platform/foundation/WeakDelegate.h"
 
 namespace bkuk {
 
@@ -28,9 +29,9 @@ class BKUKKeyFocusController : public NSObject {
   /// What `drawFocusRing` of a new controller starts with: true, unless a function is assigned.
   static std::function<bool()>& defaultDrawFocusRing;
 
-  [[nodiscard]] BKUKKeyFocusControllerDelegate* delegate() const;
+  [[nodiscard]] BKUKKeyFocusControllerDelegate* delegate() const { return delegate_.get(); }
   /// Held weakly.
-  void setDelegate(BKUKKeyFocusControllerDelegate* delegate);
+  void setDelegate(BKUKKeyFocusControllerDelegate* delegate) { delegate_ = delegate; }
   [[nodiscard]] Ref<NSView> view() const { return view_.lock(); }
   void setView(NSView* view) { view_ = view; }
 
@@ -73,8 +74,7 @@ class BKUKKeyFocusController : public NSObject {
   void tellDelegate();
   void ringDidChange();
 
-  BKUKKeyFocusControllerDelegate* delegate_ = nullptr;
-  Weak<NSObject> delegateObject_;
+  WeakDelegate<BKUKKeyFocusControllerDelegate> delegate_;
   Weak<NSView> view_;
   bool enableRegularFocus_;
   bool enableFullKeyboardFocus_;

@@ -13,8 +13,7 @@
 
 #include "platform/foundation/DispatchQueue.h"
 #include "platform/foundation/Fatal.h"
-#include "platform/foundation/NSObject.h"
-#include "platform/foundation/ObjectBehind.h"
+#include "platform/foundation/WeakDelegate.h"
 
 namespace bkuk {
 
@@ -34,18 +33,18 @@ class MulticastDelegate : public NSObject {
     auto* object = objectBehind(delegate);
     if (!object) return;
     const std::scoped_lock lock(mutex_);
-    std::erase_if(delegates_, [](const Entry& entry) { return !entry.object.isAlive(); });
+    std::erase_if(delegates_, [](const Entry& entry) { return !entry.isAlive(); });
     const bool isThere = std::ranges::any_of(delegates_, [&](const Entry& entry) {
-      const auto other = entry.object.lock();
+      const auto other = entry.lock().object();
       return other && other->hash() == object->hash() && other->isEqual(object);
     });
-    if (!isThere) delegates_.push_back({object, delegate});
+    if (!isThere) delegates_.push_back({delegate, object});
   }
 
   /// Takes out that very listener; nothing happens when it is not there.
   void remove(T* delegate) {
     const std::scoped_lock lock(mutex_);
-    std::erase_if(delegates_, [&](const Entry& entry) { return entry.delegate == delegate; });
+    std::erase_if(delegates_, [&](const Entry& entry) { return entry.isOf(delegate); });
   }
 
   /// Calls with each living listener, from the last added to the first, which all stay alive until it
@@ -54,7 +53,7 @@ class MulticastDelegate : public NSObject {
   void invoke(Call&& invocation) const {
     if constexpr (std::same_as<std::remove_cvref_t<Call>, Invocation>) required(invocation, noCall);
     Snapshot snapshot(*this);
-    for (const auto& held : snapshot) invocation(*held.delegate);
+    for (const auto& held : snapshot) invocation(*held);
   }
 
   /// Makes the same calls later, on `queue`.
@@ -69,20 +68,14 @@ class MulticastDelegate : public NSObject {
   [[nodiscard]] std::size_t count() const {
     const std::scoped_lock lock(mutex_);
     return static_cast<std::size_t>(
-        std::ranges::count_if(delegates_, [](const Entry& entry) { return entry.object.isAlive(); }));
+        std::ranges::count_if(delegates_, [](const Entry& entry) { return entry.isAlive(); }));
   }
 
  private:
   static constexpr std::string_view noCall = "MulticastDelegate: invoke without a call";
 
-  struct Entry {
-    Weak<NSObject> object;
-    T* delegate;  // of the same object
-  };
-  struct Held {
-    Ref<NSObject> object;
-    T* delegate = nullptr;
-  };
+  using Entry = WeakDelegate<T>;
+  using Held = typename Entry::Held;
 
   // The listeners of one call, last added first. A few need no memory of their own.
   class Snapshot {
@@ -93,7 +86,7 @@ class MulticastDelegate : public NSObject {
       if (entries.size() > few) many_ = std::make_unique<Held[]>(entries.size());
       Held* next = begin();
       for (auto entry = entries.rbegin(); entry != entries.rend(); ++entry) {
-        if (auto object = entry->object.lock()) *next++ = {std::move(object), entry->delegate};
+        if (auto held = entry->lock()) *next++ = std::move(held);
       }
       end_ = next;
     }

@@ -10,7 +10,6 @@
 #include "platform/appkit/NSGraphicsContext.h"
 #include "platform/foundation/CGRoundedUp.h"
 #include "platform/foundation/Fatal.h"
-#include "platform/foundation/ObjectBehind.h"
 
 namespace bkuk {
 
@@ -398,19 +397,13 @@ void BKUKLabel::draw(NSRect) {
 
 // Events and assistive clients
 
-BKUKLabelTextClickDelegate* BKUKLabel::clickDelegate() const {
-  return clickDelegateObject_.isAlive() ? clickDelegate_ : nullptr;
-}
+BKUKLabelTextClickDelegate* BKUKLabel::clickDelegate() const { return clickDelegate_.get(); }
 
-void BKUKLabel::setClickDelegate(BKUKLabelTextClickDelegate* delegate) {
-  clickDelegateObject_ = objectBehind(delegate);
-  clickDelegate_ = delegate;
-}
+void BKUKLabel::setClickDelegate(BKUKLabelTextClickDelegate* delegate) { clickDelegate_ = delegate; }
 
 void BKUKLabel::mouseDown(NSEvent& event) {
   const Ref<BKUKLabel> self(this);
-  const auto keepDelegate = clickDelegateObject_.lock();
-  if (keepDelegate) clickDelegate_->labelClicked(*this, event);
+  if (const auto delegate = clickDelegate_.lock()) delegate->labelClicked(*this, event);
   NSView::mouseDown(event);
 }
 

@@ -14,6 +14,7 @@
 #include "BrenvikUIKit/text/BKUKParagraphAttributes.h"
 #include "platform/appkit/NSView.h"
 #include "platform/appkit/text/TextStack.h"
+#include "platform/foundation/WeakDelegate.h"
 
 namespace bkuk {
 
@@ -216,8 +217,7 @@ class BKUKLabel : public NSView {
   Ref<NSFont> secondaryConstraintFontCache_;
   double firstBaselineOffsetFromTop_ = 0;
   double lastBaselineOffsetFromBottom_ = 0;
-  BKUKLabelTextClickDelegate* clickDelegate_ = nullptr;
-  Weak<NSObject> clickDelegateObject_;
+  WeakDelegate<BKUKLabelTextClickDelegate> clickDelegate_;
   // Found out together, whenever the size is asked for.
   mutable NSSize cachedIntrinsicContentSize_;
   mutable double layoutRoundingOffset_ = 0;

@@ -4,7 +4,6 @@
 #include <cmath>
 
 #include "platform/foundation/Fatal.h"
-#include "platform/foundation/ObjectBehind.h"
 #include "platform/quartzcore/CALayerDelegate.h"
 #include "platform/quartzcore/LayerExtras.h"
 
@@ -27,7 +26,6 @@ CALayer::CALayer(const CALayer& model)
     : NSObject(),
       values_(model.values_),
       delegate_(model.delegate_),
-      delegateObject_(model.delegateObject_),
       name_(model.name_),
       isCommitted_(true),
       isPresentation_(true) {
@@ -158,10 +156,7 @@ CGRect CALayer::paintedBox() const { return CGRect::null; }
 
 // Delegate
 
-CALayerDelegate* CALayer::delegate() const { return delegateObject_.isAlive() ? delegate_ : nullptr; }
-
 void CALayer::setDelegate(CALayerDelegate* delegate) {
-  delegateObject_ = Weak<NSObject>(objectBehind(delegate));
   delegate_ = delegate;
 }
 

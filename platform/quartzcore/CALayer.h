@@ -12,6 +12,7 @@
 #include "platform/coregraphics/CGPath.h"
 #include "platform/foundation/CGGeometry.h"
 #include "platform/foundation/NSObject.h"
+#include "platform/foundation/WeakDelegate.h"
 #include "platform/quartzcore/CAAction.h"
 #include "platform/quartzcore/CALayerContents.h"
 #include "platform/quartzcore/CATransform3D.h"
@@ -246,7 +247,7 @@ class CALayer : public NSObject {
 
   // Delegate, actions and animations
 
-  [[nodiscard]] CALayerDelegate* delegate() const;
+  [[nodiscard]] CALayerDelegate* delegate() const { return delegate_.get(); }
   /// Held weakly. Must be an `NSObject` as well; another one is a fatal error.
   void setDelegate(CALayerDelegate* delegate);
 
@@ -404,8 +405,7 @@ class CALayer : public NSObject {
   Record record_;
   CALayer* container_ = nullptr;    // the superlayer, or the layer that this is the mask of
   CARenderer* renderer_ = nullptr;  // of a root
-  CALayerDelegate* delegate_ = nullptr;
-  Weak<NSObject> delegateObject_;
+  WeakDelegate<CALayerDelegate> delegate_;
   std::vector<Ref<CALayer>> sublayers_;
   MarkedSublayers marked_;
   std::unique_ptr<Extras> extras_;  // what few layers have

@@ -40,8 +40,8 @@ CAActions CALayer::styleActions() const { return extras_ ? extras_->styleActions
 void CALayer::setStyleActions(CAActions actions) { extras().styleActions = std::move(actions); }
 
 Ref<CAAction> CALayer::action(std::string_view key) {
-  if (const auto object = delegateObject_.lock()) {
-    if (const auto answer = delegate_->actionForLayer(*this, key)) return *answer;
+  if (const auto delegate = delegate_.lock()) {
+    if (const auto answer = delegate->actionForLayer(*this, key)) return *answer;
   }
   if (extras_) {
     for (const auto* actions : {&extras_->actions, &extras_->styleActions}) {

@@ -86,8 +86,7 @@ void CALayer::setNeedsLayout() {
 }
 
 void CALayer::layoutSublayers() {
-  const auto object = delegateObject_.lock();
-  if (object) delegate_->layoutSublayersOfLayer(*this);
+  if (const auto delegate = delegate_.lock()) delegate->layoutSublayersOfLayer(*this);
 }
 
 void CALayer::layoutIfNeeded() {
@@ -121,8 +120,8 @@ void CALayer::displayIfNeeded() {
 
 void CALayer::display() {
   const Ref<CALayer> self(this);
-  const auto object = delegateObject_.lock();
-  if (object && delegate_->displayLayer(*this)) return;
+  const auto delegate = delegate_.lock();
+  if (delegate && delegate->displayLayer(*this)) return;
   drawBitmap();
 }
 
@@ -161,8 +160,7 @@ void CALayer::keepDrawing(const Ref<CALayerContents>& contents, Drawn drawn) {
 }
 
 void CALayer::draw(CGContext& context) {
-  const auto object = delegateObject_.lock();
-  if (object) delegate_->drawLayer(*this, context);
+  if (const auto delegate = delegate_.lock()) delegate->drawLayer(*this, context);
 }
 
 bool CALayer::needsDisplay(std::string_view) const { return false; }
