@@ -16,15 +16,17 @@ constexpr std::string_view noType =
 
 }  // namespace
 
-std::function<double(BKUKBrandFont)> BKUKBrandFont::size = [](BKUKBrandFont) -> double {
-  reportMistake(noSize);
-  fatal("Not set", unit, 109);
-};
+std::function<double(BKUKBrandFont)>& BKUKBrandFont::size =
+    *new std::function<double(BKUKBrandFont)>([](BKUKBrandFont) -> double {
+      reportMistake(noSize);
+      fatal("Not set", unit, 109);
+    });
 
-std::function<BKUKFontType(BKUKBrandFont)> BKUKBrandFont::type = [](BKUKBrandFont) -> BKUKFontType {
-  reportMistake(noType);
-  fatal("Not set", unit, 110);
-};
+std::function<BKUKFontType(BKUKBrandFont)>& BKUKBrandFont::type =
+    *new std::function<BKUKFontType(BKUKBrandFont)>([](BKUKBrandFont) -> BKUKFontType {
+      reportMistake(noType);
+      fatal("Not set", unit, 110);
+    });
 
 double BKUKBrandFont::askSize() const { return required(size, noSize)(*this); }
 

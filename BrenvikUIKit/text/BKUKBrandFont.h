@@ -18,8 +18,8 @@ class BKUKBrandFont {
 
   /// The size of a role in points, and its type. To be set before the first one is asked for, which otherwise
   /// stops the process.
-  static std::function<double(BKUKBrandFont style)> size;
-  static std::function<BKUKFontType(BKUKBrandFont style)> type;
+  static std::function<double(BKUKBrandFont style)>& size;
+  static std::function<BKUKFontType(BKUKBrandFont style)>& type;
   /// What the application answers for this role now.
   [[nodiscard]] double askSize() const;
   [[nodiscard]] BKUKFontType askType() const;

@@ -36,7 +36,8 @@ double textFieldBottom(const NSFont& font) {
 
 }  // namespace
 
-std::function<bool()> BKUKLabel::defaultUseNSTextFieldSync = [] { return false; };
+std::function<bool()>& BKUKLabel::defaultUseNSTextFieldSync =
+    *new std::function<bool()>([] { return false; });
 
 Ref<BKUKLabel> BKUKLabel::label(std::string_view text) {
   auto label = make<BKUKLabel>();

@@ -108,7 +108,7 @@ class BKUKLabel : public NSView {
   // label without one stops the process when it is measured. Text with attachments is not synced.
 
   /// What a label starts out with; false at first.
-  static std::function<bool()> defaultUseNSTextFieldSync;
+  static std::function<bool()>& defaultUseNSTextFieldSync;
   [[nodiscard]] bool shouldUseNSTextFieldSync() const { return usesTextFieldSync_; }
   void setShouldUseNSTextFieldSync(bool uses);
   /// Becomes, rounded, the space between the lines.
