@@ -2,21 +2,26 @@
 
 #include "platform/appkit/NSAnimationContext.h"
 #include "platform/foundation/Fatal.h"
-#include "platform/quartzcore/CATransaction.h"
+#include "platform/quartzcore/CATransactionScope.h"
 
 namespace bkuk {
 
-void BKUKDontAnimate(bool disableLayerAnimations, const std::function<void()>& block) {
-  required(block, "BKUKDontAnimate: no block of changes");
-  if (disableLayerAnimations) {
-    CATransaction::begin();
-    CATransaction::setDisableActions(true);
-  }
+namespace {
+
+void withoutImplicitAnimation(const std::function<void()>& block) {
   NSAnimationContext::runAnimationGroup([&](NSAnimationContext& context) {
     context.setAllowsImplicitAnimation(false);
     block();
   });
-  if (disableLayerAnimations) CATransaction::commit();
+}
+
+}  // namespace
+
+void BKUKDontAnimate(bool disableLayerAnimations, const std::function<void()>& block) {
+  required(block, "BKUKDontAnimate: no block of changes");
+  if (!disableLayerAnimations) return withoutImplicitAnimation(block);
+  const auto scope = CATransactionScope::withoutActions();
+  withoutImplicitAnimation(block);
 }
 
 }  // namespace bkuk

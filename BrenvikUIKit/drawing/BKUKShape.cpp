@@ -7,7 +7,7 @@
 #include "BrenvikUIKit/drawing/BKUKShapeLayer.h"
 #include "BrenvikUIKit/drawing/LinePatternFit.h"
 #include "platform/foundation/Fatal.h"
-#include "platform/quartzcore/CATransaction.h"
+#include "platform/quartzcore/CATransactionScope.h"
 
 namespace bkuk {
 
@@ -36,17 +36,6 @@ Option optionNamed(const Names& names, std::string_view name) {
   const auto found = std::ranges::find(names, name);
   return static_cast<Option>(found == names.end() ? 0 : found - names.begin());
 }
-
-/// A transaction in which nothing animates.
-struct WithoutActions {
-  WithoutActions() {
-    CATransaction::begin();
-    CATransaction::setDisableActions(true);
-  }
-  ~WithoutActions() { CATransaction::commit(); }
-  WithoutActions(const WithoutActions&) = delete;
-  WithoutActions& operator=(const WithoutActions&) = delete;
-};
 
 Ref<CGColor> cgColorOf(const Ref<NSColor>& color) { return color ? color->cgColor() : nullptr; }
 
@@ -254,7 +243,7 @@ CGRect BKUKShape::containerBounds() const {
 void BKUKShape::updateComputables() {
   const Ref<BKUKShape> self(this);
   const auto layer = presentLayer();
-  const WithoutActions still;
+  const auto still = CATransactionScope::withoutActions();
   if (const auto frame = frame_) layer->setFrame(frame(*this));
   if (layer->bounds() == bounds_ && !needsUpdateComputable_) return;
   bounds_ = layer->bounds();

@@ -7,7 +7,7 @@
 #include "platform/foundation/Fatal.h"
 #include "platform/foundation/NSThread.h"
 #include "platform/foundation/Permanent.h"
-#include "platform/quartzcore/CATransaction.h"
+#include "platform/quartzcore/CATransactionScope.h"
 
 namespace bkuk {
 
@@ -44,13 +44,11 @@ void NSAnimationContext::runAnimationGroup(const Changes& changes, Handler compl
 // Two transaction levels: the outer one waits for the whole group, the inner one is the block's, which may
 // give it a completion block of its own.
 void NSAnimationContext::runInTransaction(const Changes& changes) {
-  CATransaction::begin();
+  const CATransactionScope group;
   CATransaction::setCompletionBlock([level = Ref<NSAnimationContext>(this)] { level->groupDidEnd(); });
-  CATransaction::begin();
+  const CATransactionScope block;
   applyToTransaction();
   run(changes);
-  CATransaction::commit();
-  CATransaction::commit();
 }
 
 void NSAnimationContext::run(const Changes& changes) {

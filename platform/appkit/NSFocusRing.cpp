@@ -14,7 +14,7 @@
 #include "platform/coregraphics/GaussianBlur.h"
 #include "platform/foundation/Fatal.h"
 #include "platform/quartzcore/CALayerContents.h"
-#include "platform/quartzcore/CATransaction.h"
+#include "platform/quartzcore/CATransactionScope.h"
 
 namespace bkuk {
 
@@ -106,8 +106,7 @@ bool NSFocusRing::show(NSView& view, const NSRect& mask) {
   if (!isSomewhere) return false;
   const Area area{wholePixels(shown, scale), scale};
   auto contents = make<CALayerContents>(drawRing(view, area), scale);
-  CATransaction::begin();
-  CATransaction::setDisableActions(true);
+  const auto scope = CATransactionScope::withoutActions();
   if (!layer_) {
     layer_ = make<CALayer>();
     layer_->setZPosition(inFront);
@@ -116,7 +115,6 @@ bool NSFocusRing::show(NSView& view, const NSRect& mask) {
   layer_->setHidden(false);
   layer_->setFrame(area.points());
   layer_->setContents(contents);
-  CATransaction::commit();
   return true;
 }
 
