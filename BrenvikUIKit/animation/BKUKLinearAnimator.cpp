@@ -35,7 +35,7 @@ BKUKLinearAnimator& BKUKLinearAnimator::sharedInstance() {
 
 const SelectorTable& BKUKLinearAnimator::selectors() const {
   static const auto& table =
-      SelectorTable::make(NSObject::selectors(), {{"onFrame", action<&BKUKLinearAnimator::onFrame>}});
+      SelectorTable::make(NSObject::selectors(), {{"onFrame", memberAction<&BKUKLinearAnimator::onFrame>}});
   return table;
 }
 

@@ -20,8 +20,8 @@ void BKUKTriggerView::didInit() {
 
 const SelectorTable& BKUKTriggerView::selectors() const {
   static const auto& table = SelectorTable::make(
-      NSControl::selectors(), {{"beginFireUserActions", bkuk::action<&BKUKTriggerView::beginFireUserActions>},
-                               {"performActionTick", bkuk::action<&BKUKTriggerView::performActionTick>}});
+      NSControl::selectors(), {{"beginFireUserActions", memberAction<&BKUKTriggerView::beginFireUserActions>},
+                               {"performActionTick", memberAction<&BKUKTriggerView::performActionTick>}});
   return table;
 }
 

@@ -13,7 +13,7 @@ class NSObject;
 ///
 ///     const SelectorTable& Dial::selectors() const {
 ///       static const auto& table =
-///           SelectorTable::make(NSView::selectors(), {{"turn", action<&Dial::turn>}});
+///           SelectorTable::make(NSView::selectors(), {{"turn", memberAction<&Dial::turn>}});
 ///       return table;
 ///     }
 class SelectorTable {
@@ -65,7 +65,7 @@ void callMember(void (C::*member)(), NSObject& self, NSObject*) {
 
 /// A member function, without arguments or with a pointer to its sender, as a table's action.
 template <auto Member>
-void action(NSObject& self, NSObject* sender) {
+void memberAction(NSObject& self, NSObject* sender) {
   detail::callMember(Member, self, sender);
 }
 

@@ -51,7 +51,8 @@ class Handler : public NSObject {
     lastSender = sender;
   }
   const SelectorTable& selectors() const override {
-    static const auto& table = SelectorTable::make(NSObject::selectors(), {{"act", action<&Handler::act>}});
+    static const auto& table =
+        SelectorTable::make(NSObject::selectors(), {{"act", memberAction<&Handler::act>}});
     return table;
   }
 };

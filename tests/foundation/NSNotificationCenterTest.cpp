@@ -12,7 +12,7 @@ struct Listener : NSObject {
  protected:
   const SelectorTable& selectors() const override {
     static const auto& table =
-        SelectorTable::make(NSObject::selectors(), {{"hear", action<&Listener::hear>}});
+        SelectorTable::make(NSObject::selectors(), {{"hear", memberAction<&Listener::hear>}});
     return table;
   }
 };

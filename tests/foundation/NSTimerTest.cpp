@@ -13,7 +13,8 @@ struct Clock : NSObject {
 
  protected:
   const SelectorTable& selectors() const override {
-    static const auto& table = SelectorTable::make(NSObject::selectors(), {{"tick", action<&Clock::tick>}});
+    static const auto& table =
+        SelectorTable::make(NSObject::selectors(), {{"tick", memberAction<&Clock::tick>}});
     return table;
   }
 };

@@ -129,7 +129,7 @@ struct Dial : NSObject {
  protected:
   const SelectorTable& selectors() const override {
     static const auto& table = SelectorTable::make(
-        NSObject::selectors(), {{"turn", action<&Dial::turn>}, {"reset", action<&Dial::reset>}});
+        NSObject::selectors(), {{"turn", memberAction<&Dial::turn>}, {"reset", memberAction<&Dial::reset>}});
     return table;
   }
 };

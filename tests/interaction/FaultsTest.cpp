@@ -55,7 +55,7 @@ class Control : public BKUKStatefulView,
   const SelectorTable& selectors() const override {
     static const auto& table =
         SelectorTable::make(BKUKStatefulView::selectors(),
-                            {{"act", bkuk::action<&Control::act>}, {"tick", bkuk::action<&Control::tick>}});
+                            {{"act", memberAction<&Control::act>}, {"tick", memberAction<&Control::tick>}});
     return table;
   }
 

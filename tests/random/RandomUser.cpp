@@ -55,7 +55,7 @@ class RandomUser::Listener final : public NSObject, public BKUKStatefulViewDeleg
  protected:
   const SelectorTable& selectors() const override {
     static const auto& table =
-        SelectorTable::make(NSObject::selectors(), {{"act", bkuk::action<&Listener::act>}});
+        SelectorTable::make(NSObject::selectors(), {{"act", memberAction<&Listener::act>}});
     return table;
   }
 
