@@ -44,8 +44,8 @@ void BKUKShadowLayer::setClipShadowPath(const Ref<CGPath>& path) {
   setNeedsDisplay();
 }
 
-void BKUKShadowLayer::setClipShadowColor(const Ref<NSColor>& color) {
-  change("_color", color_, color, Effect::none);
+void BKUKShadowLayer::setClipShadowColor(Ref<NSColor> color) {
+  change("_color", color_, std::move(color), Effect::none);
 }
 
 void BKUKShadowLayer::setClipShadowRadius(CGFloat radius) {

@@ -27,7 +27,7 @@ class BKUKShadowLayer : public CALayer {
   /// Black at first; without a colour there is no shadow. What it is when the layer displays is what is
   /// drawn.
   [[nodiscard]] const Ref<NSColor>& clipShadowColor() const { return color_; }
-  void setClipShadowColor(const Ref<NSColor>& color);
+  void setClipShadowColor(Ref<NSColor> color);
   [[nodiscard]] CGFloat clipShadowRadius() const { return radius_; }
   void setClipShadowRadius(CGFloat radius);
   [[nodiscard]] CGSize clipShadowOffset() const { return offset_; }

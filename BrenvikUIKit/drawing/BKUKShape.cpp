@@ -99,9 +99,9 @@ void BKUKShape::setFrame(ComputableFrame frame) {
   geometryDidChange();
 }
 
-void BKUKShape::setMask(const Ref<BKUKShape>& mask) {
-  mask_ = mask;
-  presentLayer()->setMask(mask ? Ref<CALayer>(mask->presentLayer()) : nullptr);
+void BKUKShape::setMask(Ref<BKUKShape> mask) {
+  mask_ = std::move(mask);
+  presentLayer()->setMask(mask_ ? Ref<CALayer>(mask_->presentLayer()) : nullptr);
 }
 
 void BKUKShape::setRasterizationScale(std::optional<CGFloat> scale) {

@@ -63,7 +63,7 @@ class BKUKShape final : public NSObject {
 
   /// The shape whose layer masks this one's, or none.
   [[nodiscard]] const Ref<BKUKShape>& mask() const { return mask_; }
-  void setMask(const Ref<BKUKShape>& mask);
+  void setMask(Ref<BKUKShape> mask);
   /// At which scale the layer is kept as a bitmap; absent for not at all.
   [[nodiscard]] std::optional<CGFloat> rasterizationScale() const { return rasterizationScale_; }
   void setRasterizationScale(std::optional<CGFloat> scale);

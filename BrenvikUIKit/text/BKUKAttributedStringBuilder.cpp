@@ -9,9 +9,9 @@ void BKUKAttributedStringBuilder::setAttributes(BKUKTextAttributes attributes) {
   cache_ = nullptr;
 }
 
-void BKUKAttributedStringBuilder::setAttributedString(const Ref<NSAttributedString>& text) {
+void BKUKAttributedStringBuilder::setAttributedString(Ref<NSAttributedString> text) {
   const bool isMutable = text && dynamic_cast<const NSMutableAttributedString*>(text.get());
-  attributedString_ = isMutable ? text->copy() : text;
+  attributedString_ = isMutable ? text->copy() : std::move(text);
   cache_ = nullptr;
 }
 

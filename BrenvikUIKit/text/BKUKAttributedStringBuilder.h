@@ -12,7 +12,7 @@ class BKUKAttributedStringBuilder final : public NSObject {
   void setAttributes(BKUKTextAttributes attributes);
   /// The text, perhaps with attributes of its own; absent for none. Kept as it is now.
   [[nodiscard]] const Ref<NSAttributedString>& attributedString() const { return attributedString_; }
-  void setAttributedString(const Ref<NSAttributedString>& text);
+  void setAttributedString(Ref<NSAttributedString> text);
 
   /// The text with all its attributes; the same object until either changes.
   [[nodiscard]] const Ref<NSAttributedString>& build();

@@ -73,9 +73,9 @@ const Ref<NSAttributedString>& BKUKLabel::attributedStringValue() const {
   return builder_->attributedString();
 }
 
-void BKUKLabel::setAttributedStringValue(const Ref<NSAttributedString>& text) {
+void BKUKLabel::setAttributedStringValue(Ref<NSAttributedString> text) {
   const auto before = builder_->attributedString();
-  builder_->setAttributedString(text);
+  builder_->setAttributedString(std::move(text));
   didUpdateAttributes();
   const auto& now = builder_->attributedString();
   const bool isSame = before && now ? before->string() == now->string() : before == now;

@@ -42,7 +42,7 @@ class BKUKLabel : public NSView {
   void setStringValue(std::string_view text);
   /// The text as it was set; empty for none. Its own attributes go before those of the label.
   [[nodiscard]] const Ref<NSAttributedString>& attributedStringValue() const;
-  void setAttributedStringValue(const Ref<NSAttributedString>& text);
+  void setAttributedStringValue(Ref<NSAttributedString> text);
 
   // Attributes. Each setter makes the label lay out and draw again.
 

@@ -155,8 +155,8 @@ void CGContext::translateBy(CGFloat x, CGFloat y) { concatenate(CGAffineTransfor
 void CGContext::scaleBy(CGFloat x, CGFloat y) { concatenate(CGAffineTransform::scale(x, y)); }
 void CGContext::rotate(CGFloat angle) { concatenate(CGAffineTransform::rotation(angle)); }
 
-void CGContext::setFillColor(const Ref<CGColor>& color) { state().fillColor = color; }
-void CGContext::setStrokeColor(const Ref<CGColor>& color) { state().strokeColor = color; }
+void CGContext::setFillColor(Ref<CGColor> color) { state().fillColor = std::move(color); }
+void CGContext::setStrokeColor(Ref<CGColor> color) { state().strokeColor = std::move(color); }
 const Ref<CGColor>& CGContext::fillColor() const { return state().fillColor; }
 const Ref<CGColor>& CGContext::strokeColor() const { return state().strokeColor; }
 

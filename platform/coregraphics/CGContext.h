@@ -60,8 +60,8 @@ class CGContext final : public NSObject {
   void rotate(CGFloat angle);
 
   /// No colour paints nothing.
-  void setFillColor(const Ref<CGColor>& color);
-  void setStrokeColor(const Ref<CGColor>& color);
+  void setFillColor(Ref<CGColor> color);
+  void setStrokeColor(Ref<CGColor> color);
   [[nodiscard]] const Ref<CGColor>& fillColor() const;
   [[nodiscard]] const Ref<CGColor>& strokeColor() const;
 

@@ -3,17 +3,12 @@
 #include <algorithm>
 #include <cmath>
 
-#include "platform/foundation/Fatal.h"
 #include "platform/quartzcore/CALayerDelegate.h"
 #include "platform/quartzcore/LayerExtras.h"
 
 namespace bkuk {
 
-namespace {
-
-constexpr auto unit = "CALayer";
-
-}  // namespace
+namespace {}  // namespace
 
 std::uint64_t CALayer::treeVersion_ = 1;
 
@@ -93,13 +88,13 @@ void CALayer::setGeometryFlipped(bool flipped) {
 
 // Appearance
 
-void CALayer::setBackgroundColor(const Ref<CGColor>& color) {
-  change("backgroundColor", values_.backgroundColor, color);
+void CALayer::setBackgroundColor(Ref<CGColor> color) {
+  change("backgroundColor", values_.backgroundColor, std::move(color));
 }
 
-void CALayer::setContents(const Ref<CALayerContents>& contents) {
+void CALayer::setContents(Ref<CALayerContents> contents) {
   drawn_ = Drawn::no;
-  change("contents", values_.contents, contents);
+  change("contents", values_.contents, std::move(contents));
 }
 
 void CALayer::setContentsScale(CGFloat scale) { change("contentsScale", values_.contentsScale, scale); }
@@ -112,7 +107,9 @@ void CALayer::setMaskedCorners(unsigned corners) {
 
 void CALayer::setBorderWidth(CGFloat width) { change("borderWidth", values_.borderWidth, width); }
 
-void CALayer::setBorderColor(const Ref<CGColor>& color) { change("borderColor", values_.borderColor, color); }
+void CALayer::setBorderColor(Ref<CGColor> color) {
+  change("borderColor", values_.borderColor, std::move(color));
+}
 
 void CALayer::setOpacity(CGFloat opacity) {
   change("opacity", values_.opacity, static_cast<float>(opacity), Effect::rearrange);
@@ -126,7 +123,9 @@ void CALayer::setMasksToBounds(bool masks) {
 
 void CALayer::setOpaque(bool opaque) { change("opaque", values_.opaque, opaque); }
 
-void CALayer::setShadowColor(const Ref<CGColor>& color) { change("shadowColor", values_.shadowColor, color); }
+void CALayer::setShadowColor(Ref<CGColor> color) {
+  change("shadowColor", values_.shadowColor, std::move(color));
+}
 
 void CALayer::setShadowOpacity(CGFloat opacity) {
   change("shadowOpacity", values_.shadowOpacity, static_cast<float>(opacity));
@@ -156,8 +155,6 @@ CGRect CALayer::paintedBox() const { return CGRect::null; }
 
 // Delegate
 
-void CALayer::setDelegate(CALayerDelegate* delegate) {
-  delegate_ = delegate;
-}
+void CALayer::setDelegate(CALayerDelegate* delegate) { delegate_ = delegate; }
 
 }  // namespace bkuk

@@ -1,10 +1,12 @@
 #pragma once
 
+#include <concepts>
 #include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <type_traits>
+#include <utility>
 #include <vector>
 
 #include "platform/coregraphics/CGColor.h"
@@ -146,15 +148,15 @@ class CALayer : public NSObject {
   /// A layer in this one's bounds space whose alpha multiplies this layer with all its sublayers. Owned. One
   /// that has a superlayer is a fatal error.
   [[nodiscard]] const Ref<CALayer>& mask() const { return values_.mask; }
-  void setMask(const Ref<CALayer>& mask);
+  void setMask(Ref<CALayer> mask);
 
   // Appearance
 
   [[nodiscard]] const Ref<CGColor>& backgroundColor() const { return values_.backgroundColor; }
-  void setBackgroundColor(const Ref<CGColor>& color);
+  void setBackgroundColor(Ref<CGColor> color);
   /// Fills the bounds, above the background.
   [[nodiscard]] const Ref<CALayerContents>& contents() const { return values_.contents; }
-  void setContents(const Ref<CALayerContents>& contents);
+  void setContents(Ref<CALayerContents> contents);
   /// Pixels per point of the bitmap that `display` makes; 1 unless set.
   [[nodiscard]] CGFloat contentsScale() const { return values_.contentsScale; }
   void setContentsScale(CGFloat scale);
@@ -169,7 +171,7 @@ class CALayer : public NSObject {
   [[nodiscard]] CGFloat borderWidth() const { return values_.borderWidth; }
   void setBorderWidth(CGFloat width);
   [[nodiscard]] const Ref<CGColor>& borderColor() const { return values_.borderColor; }
-  void setBorderColor(const Ref<CGColor>& color);
+  void setBorderColor(Ref<CGColor> color);
 
   /// 0 to 1, of the layer with all its sublayers; kept in single precision.
   [[nodiscard]] CGFloat opacity() const { return values_.opacity; }
@@ -185,7 +187,7 @@ class CALayer : public NSObject {
   /// The shadow of the composed layer, or of `shadowPath`, falls below it; a layer that masks to its bounds
   /// has none outside them.
   [[nodiscard]] const Ref<CGColor>& shadowColor() const { return values_.shadowColor; }
-  void setShadowColor(const Ref<CGColor>& color);
+  void setShadowColor(Ref<CGColor> color);
   [[nodiscard]] CGFloat shadowOpacity() const { return values_.shadowOpacity; }
   void setShadowOpacity(CGFloat opacity);
   /// y points up on the screen, whichever way the geometry is turned over.
@@ -296,10 +298,11 @@ class CALayer : public NSObject {
     return Ref<CALayer>::adopt(new T(model));
   }
 
-  /// The body of a property's setter, for subclasses too: see the class comment.
-  template <typename T>
-  void change(std::string_view key, T& field, const std::type_identity_t<T>& value,
-              Effect effect = Effect::repaint);
+  /// The body of a property's setter, for subclasses too: see the class comment. An object is to be moved
+  /// in, because the action may do away with whoever else holds it.
+  template <typename T, typename Value>
+  requires std::same_as<std::remove_cvref_t<Value>, T>
+  void change(std::string_view key, T& field, Value&& value, Effect effect = Effect::repaint);
 
   /// Paints what a subclass shows between background and border, in the bounds space. Called on a
   /// presentation copy while the layer animates; must call no client code. `alpha` of the context is set by
@@ -420,12 +423,13 @@ class CALayer : public NSObject {
   unsigned autoresizingMask_ = CALayerNotSizable;
 };
 
-template <typename T>
-void CALayer::change(std::string_view key, T& field, const std::type_identity_t<T>& value, Effect effect) {
+template <typename T, typename Value>
+requires std::same_as<std::remove_cvref_t<Value>, T>
+void CALayer::change(std::string_view key, T& field, Value&& value, Effect effect) {
   if (detail::isSameValue(field, value)) return;
   const Ref<CALayer> self(this);
   const auto action = actionForChange(key);
-  field = value;
+  field = std::forward<Value>(value);
   didChange(key, effect, action);
 }
 

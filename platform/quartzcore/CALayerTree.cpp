@@ -105,10 +105,10 @@ void CALayer::detachFromContainer() {
   container.markRender(container.record_.shadowFollowsBelow ? Effect::rearrange : Effect::none);
 }
 
-void CALayer::setMask(const Ref<CALayer>& mask) {
+void CALayer::setMask(Ref<CALayer> mask) {
   if (mask == values_.mask) return;
   const Ref<CALayer> self(this);
-  const Ref<CALayer> entering(mask);
+  const Ref<CALayer> entering = std::move(mask);
   if (entering && entering->superlayer()) fatal("a mask cannot have a superlayer", unit);
   if (entering && isDescendantOf(entering.get())) fatal("a layer cannot be its own mask", unit);
   if (entering) entering->detachFromContainer();

@@ -54,11 +54,13 @@ void CAShapeLayer::setPath(const Ref<CGPath>& path) {
   change("path", path_, kept);
 }
 
-void CAShapeLayer::setFillColor(const Ref<CGColor>& color) { change("fillColor", fillColor_, color); }
+void CAShapeLayer::setFillColor(Ref<CGColor> color) { change("fillColor", fillColor_, std::move(color)); }
 
 void CAShapeLayer::setFillRule(std::string_view rule) { change("fillRule", fillRule_, std::string(rule)); }
 
-void CAShapeLayer::setStrokeColor(const Ref<CGColor>& color) { change("strokeColor", strokeColor_, color); }
+void CAShapeLayer::setStrokeColor(Ref<CGColor> color) {
+  change("strokeColor", strokeColor_, std::move(color));
+}
 
 void CAShapeLayer::setLineWidth(CGFloat width) { change("lineWidth", lineWidth_, width); }
 

@@ -28,13 +28,13 @@ class CAShapeLayer : public CALayer {
 
   /// Opaque black at first. Open subpaths are filled as if closed.
   [[nodiscard]] const Ref<CGColor>& fillColor() const { return fillColor_; }
-  void setFillColor(const Ref<CGColor>& color);
+  void setFillColor(Ref<CGColor> color);
   [[nodiscard]] const std::string& fillRule() const { return fillRule_; }
   void setFillRule(std::string_view rule);
 
   /// None at first.
   [[nodiscard]] const Ref<CGColor>& strokeColor() const { return strokeColor_; }
-  void setStrokeColor(const Ref<CGColor>& color);
+  void setStrokeColor(Ref<CGColor> color);
   [[nodiscard]] CGFloat lineWidth() const { return lineWidth_; }
   void setLineWidth(CGFloat width);
   [[nodiscard]] const std::string& lineCap() const { return lineCap_; }
