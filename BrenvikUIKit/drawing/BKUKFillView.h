@@ -75,17 +75,17 @@ class BKUKFillView::Style : public NSObject {
   /// Empty once the view is gone.
   [[nodiscard]] Ref<BKUKFillView> component() const { return component_.lock(); }
 
-  /// Clear at first.
+  /// Clear at first, and without a colour.
   [[nodiscard]] const Ref<NSColor>& background() const { return background_; }
-  void setBackground(Ref<NSColor> color) { apply({.background = std::move(color)}); }
+  void setBackground(Ref<NSColor> color) { apply({.background = orClear(std::move(color))}); }
   [[nodiscard]] const BKUKCornerSettings& corner() const { return corner_; }
   void setCorner(const BKUKCornerSettings& corner) { apply({.corner = corner}); }
   /// The corners of the view itself that are rounded, all at first; its fills round all of theirs.
   [[nodiscard]] unsigned cornerMask() const { return cornerMask_; }
   void setCornerMask(unsigned mask) { apply({.cornerMask = mask}); }
-  /// Clear at first.
+  /// Clear at first, and without a colour.
   [[nodiscard]] const Ref<NSColor>& borderColor() const { return borderColor_; }
-  void setBorderColor(Ref<NSColor> color) { apply({.borderColor = std::move(color)}); }
+  void setBorderColor(Ref<NSColor> color) { apply({.borderColor = orClear(std::move(color))}); }
   /// Points; 0 at first.
   [[nodiscard]] CGFloat borderWidth() const { return borderWidth_; }
   void setBorderWidth(CGFloat width) { apply({.borderWidth = width}); }
@@ -97,6 +97,10 @@ class BKUKFillView::Style : public NSObject {
   [[nodiscard]] std::string className() const override { return "BKUKFillView.Style"; }
 
  private:
+  [[nodiscard]] static Ref<NSColor> orClear(Ref<NSColor> color) {
+    return color ? std::move(color) : NSColor::clear();
+  }
+
   const Weak<BKUKFillView> component_;
   Ref<NSColor> background_ = NSColor::clear();
   BKUKCornerSettings corner_;

@@ -158,12 +158,16 @@ TEST_F(BKUKFillViewTest, KeepsSubviewsAboveTheFills) {
   EXPECT_EQ(pixel(10, 10), whitePixel);
 }
 
-TEST_F(BKUKFillViewTest, AStyleLeavesAloneWhatIsNotGiven) {
+TEST_F(BKUKFillViewTest, AStyleLeavesAloneWhatIsNotGivenAndClearsWhatIsTakenAway) {
   const auto other = make<BKUKFillView>(BKUKFillView::Look{.background = NSColor::red(), .borderWidth = 3});
   other->privateStyle()->apply({.borderColor = NSColor::blue()});
   EXPECT_EQ(other->privateStyle()->background(), NSColor::red());
   EXPECT_EQ(other->privateStyle()->borderWidth(), 3);
   EXPECT_EQ(other->privateStyle()->component(), other);
+  other->privateStyle()->setBackground(nullptr);
+  other->privateStyle()->setBorderColor(nullptr);
+  EXPECT_EQ(other->privateStyle()->background(), NSColor::clear());
+  EXPECT_EQ(other->privateStyle()->borderColor(), NSColor::clear());
   const auto orphan = make<BKUKFillView>()->privateStyle();
   orphan->setBorderWidth(1);
   EXPECT_FALSE(orphan->component());
