@@ -22,7 +22,7 @@ TEST(NSApplicationIdentity, ReachesTheHostBeforeTheFirstWindowAndComplainsAfter)
   EXPECT_EQ(host->identity().name, "The Editor");
   testing::internal::CaptureStderr();
   application.setDesktopIdentifier("org.example.Editor");
-  application.setApplicationIconImage(make<NSImage>(NSSize(16, 16), false, [](const CGRect& rect) {
+  application.setApplicationIconImage(make<NSImage>(NSSize{16, 16}, false, [](const CGRect& rect) {
     NSColor::white()->setFill();
     NSRectFill(rect);
     return true;
