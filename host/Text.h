@@ -28,10 +28,10 @@ struct FontMetrics {
 
 enum class TextDirection { leftToRight, rightToLeft };
 
-/// Where one UTF-16 unit of a line stands, in points from the start of the line.
+/// Where one UTF-16 code unit of a line stands, in points from the start of the line.
 ///
-/// No glyph stands for more than one character that a reader would tell apart. Only the first unit of such
-/// a character advances; the others (the second half of a surrogate pair, combining marks, joined emoji)
+/// No glyph stands for more than one character that a reader would tell apart. Only the first code unit of
+/// such a character advances; the others (the second half of a surrogate pair, combining marks, joined emoji)
 /// share its left edge and do not.
 struct TextUnit {
   double x = 0;  ///< the left edge, in either direction
@@ -47,31 +47,31 @@ class TextLine {
   virtual ~TextLine() = default;
   /// The distance that the pen travels, in points.
   [[nodiscard]] virtual double width() const = 0;
-  /// One for each UTF-16 unit of the line, in the order of the text.
+  /// One for each UTF-16 code unit of the line, in the order of the text.
   [[nodiscard]] virtual std::span<const TextUnit> units() const = 0;
-  /// The glyphs of the units from `from` up to `to`, counted from the line's first, where they stand in the
+  /// The glyphs of the indexes from `from` up to `to`, counted from the line's first, where they stand in the
   /// line: drawn at the same origin the parts make up the line. `to` is cut to the line's length.
   [[nodiscard]] virtual std::shared_ptr<const TextLine> part(std::size_t from, std::size_t to) const = 0;
   /// Around the outlines of the glyphs, seen from the start of the baseline; its y runs up. Empty for none.
   [[nodiscard]] virtual Rect inkBounds() const = 0;
 };
 
-/// Whether a line may begin at a unit.
+/// Whether a line may begin at an index.
 enum class LineBreak : std::uint8_t { none, allowed, mandatory };
 
 /// A text in one direction, shaped and not yet broken into lines. Immutable.
 class TextParagraph {
  public:
   virtual ~TextParagraph() = default;
-  /// In UTF-16 units.
+  /// In UTF-16 code units.
   [[nodiscard]] virtual std::size_t length() const = 0;
   /// On one line, in points.
   [[nodiscard]] virtual double width() const = 0;
-  /// The advance of each unit, in the order of the text. Those of any stretch add up to its width.
+  /// The advance of each code unit, in the order of the text. Those of any stretch add up to its width.
   [[nodiscard]] virtual std::span<const double> advances() const = 0;
-  /// One for each unit and one for the end.
+  /// One for each code unit and one for the end.
   [[nodiscard]] virtual std::span<const LineBreak> lineBreaks() const = 0;
-  /// The units from `from` up to `to` as a line: reordered for both directions, white space at its end moved
+  /// The text from `from` up to `to` as a line: reordered for both directions, white space at its end moved
   /// to where the paragraph's direction ends. `to` is cut to the length.
   [[nodiscard]] virtual std::shared_ptr<const TextLine> line(std::size_t from, std::size_t to) const = 0;
 };
@@ -101,7 +101,7 @@ class Font {
 
 /// A stretch of text in one font.
 struct TextRun {
-  std::size_t length = 0;      ///< in UTF-16 units
+  std::size_t length = 0;      ///< in UTF-16 code units
   const Font* font = nullptr;  ///< of the same host; needs to live for the call only
   double kern = 0;             ///< points added after each character
   bool usesPairKerning = true;

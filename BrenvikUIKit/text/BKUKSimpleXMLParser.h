@@ -22,7 +22,7 @@ class BKUKSimpleXMLParser {
   struct XMLTag {
     NSString tagName{};
     NSString tag{};          ///< with its brackets
-    std::size_t length = 0;  ///< of `tag`, in UTF-16 units
+    std::size_t length = 0;  ///< of `tag`, in UTF-16 code units
     bool isClosingTag = false;
   };
 

@@ -10,8 +10,8 @@ namespace bkuk::host {
 
 namespace {
 
-// A unit costs as much as its piece has changes of direction, and is long, so long paragraphs, and those that
-// change direction all the time, are read in pieces.
+// A code unit costs as much as its piece has changes of direction, and is long, so long paragraphs, and those
+// that change direction all the time, are read in pieces.
 constexpr std::size_t longestPiece = 2048;
 constexpr std::size_t mostChanges = 128;
 constexpr int pixelSize = 64;
@@ -30,7 +30,7 @@ bool isDirected(QChar::Direction kind) {
          kind == QChar::DirAN;
 }
 
-// Where a piece has as many units, or changes of direction, as it may.
+// Where a piece has as many code units, or changes of direction, as it may.
 std::size_t limitOfPiece(std::u16string_view text, std::size_t from) {
   const std::size_t limit = std::min(text.size(), from + longestPiece);
   std::size_t changes = 0;

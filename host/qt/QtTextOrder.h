@@ -9,7 +9,7 @@
 
 namespace bkuk::host {
 
-/// Units that run in one direction beside each other, in the order of the text.
+/// Code units that run in one direction beside each other, in the order of the text.
 struct DirectedSpan {
   std::size_t from = 0;
   std::size_t to = 0;
@@ -20,8 +20,8 @@ struct DirectedSpan {
 /// The spans of a paragraph that is set on one line. On a line that holds a part of the paragraph they keep
 /// their order among themselves.
 ///
-/// That is so because of two units the one that comes first in the text stands left exactly when the lowest
-/// level of embedding between them is even, which nothing outside can change. Only the white space at
+/// That is so because of two code units the one that comes first in the text stands left exactly when the
+/// lowest level of embedding between them is even, which nothing outside can change. Only the white space at
 /// the end of a line is a matter of the line.
 [[nodiscard]] std::vector<DirectedSpan> directedSpans(std::u16string_view text, TextDirection direction,
                                                       const QFont& font);

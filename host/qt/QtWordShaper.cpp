@@ -137,7 +137,7 @@ class ShapedLine {
   QTextLine line_;
 };
 
-// Whether each unit of a line that runs from left to right has one glyph, one behind the other.
+// Whether each code unit of a line that runs from left to right has one glyph, one behind the other.
 bool hasOneGlyphForEach(const std::vector<PlacedGlyph>& glyphs, qsizetype units) {
   const auto standsBefore = [](const PlacedGlyph& a, const PlacedGlyph& b) {
     return a.position.x() < b.position.x();

@@ -20,7 +20,7 @@ struct WordStyle {
   TextDirection direction = TextDirection::leftToRight;
 };
 
-/// The longest text that `shapeWord` is meant for, in UTF-16 units: its time grows with the square.
+/// The longest text that `shapeWord` is meant for, in UTF-16 code units: its time grows with the square.
 constexpr std::size_t longestWord = 64;
 
 /// Shapes a word whose characters all run in one direction.

@@ -21,7 +21,7 @@ bool isIdeograph(char16_t c) {
   return isIn(c, 0x3040, 0x30FF) || isIn(c, 0x3400, 0x4DBF) || isIn(c, 0x4E00, 0x9FFF);
 }
 
-// The units whose characters may run from right to left, halves of pairs included.
+// The code units whose characters may run from right to left, halves of pairs included.
 bool isOfRightToLeftBlock(char16_t c) {
   return isIn(c, 0x0590, 0x08FF) || isIn(c, 0xFB1D, 0xFDFF) || isIn(c, 0xFE70, 0xFEFE) ||
          isIn(c, 0xD802, 0xD803) || isIn(c, 0xD83A, 0xD83B);

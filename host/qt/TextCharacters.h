@@ -8,14 +8,14 @@
 
 namespace bkuk::host {
 
-/// What is shaped in the place of a unit: a space for breaks and tabs, nothing visible for other controls and
-/// for those that steer direction, which has been settled before.
+/// What is shaped in the place of a code unit: a space for breaks and tabs, nothing visible for other
+/// controls and for those that steer direction, which has been settled before.
 [[nodiscard]] QChar visibleForm(QChar unit);
 
 /// Puts the replacement character for halves of surrogate pairs that stand alone.
 void replaceLoneSurrogates(QString& text);
 
-/// Whether the unit belongs to the character before it: a mark, a joiner, the second half of a pair.
+/// Whether the code unit belongs to the character before it: a mark, a joiner, the second half of a pair.
 [[nodiscard]] bool continuesCharacter(std::u16string_view text, std::size_t index);
 
 [[nodiscard]] bool isSpace(char16_t unit);

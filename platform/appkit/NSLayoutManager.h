@@ -13,10 +13,10 @@ namespace bkuk {
 
 /// Sets the text of a storage into containers and draws it.
 ///
-/// There is one glyph index for each UTF-16 unit of the text, so glyph and character indexes agree: no glyph
-/// stands for two characters, and the further units of a character are null glyphs. Layout happens when
-/// something asks for it and holds until the text, an attribute or a container changes. Glyph ranges that
-/// reach beyond the text are cut to it.
+/// There is one glyph index for each UTF-16 code unit of the text, so glyph and character indexes agree: no
+/// glyph stands for two characters, and the further code units of a character are null glyphs. Layout happens
+/// when something asks for it and holds until the text, an attribute or a container changes. Glyph ranges
+/// that reach beyond the text are cut to it.
 class NSLayoutManager : public NSTextStorageListener {
  public:
   // Chain

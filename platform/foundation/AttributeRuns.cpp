@@ -109,7 +109,7 @@ void AttributeRuns::replace(NSRange range, std::span<const Piece> pieces) {
     for (const auto& each : pieces) append(each.length, each.attributes);
     return;
   }
-  // From the unit before the range to the one behind it, so that runs join across the border of a chunk.
+  // From the index before the range to the one behind it, so that runs join across the border of a chunk.
   const std::size_t end = NSMaxRange(range);
   const std::size_t first = chunkAt(range.location == 0 ? 0 : range.location - 1);
   const std::size_t last = chunkAt(std::min(end, length_ - 1));

@@ -9,14 +9,14 @@
 
 namespace bkuk {
 
-/// The attributes of a text by runs of units that have the same.
+/// The attributes of a text by runs of code units that have the same.
 ///
 /// Runs lie in chunks of bounded size that know where they start. Finding a run is two binary searches,
 /// appending one amortised constant. An edit rewrites the chunks that it touches and moves the starts of
 /// those behind it, of which there are a hundred times fewer than runs.
 class AttributeRuns {
  public:
-  /// A run on its way in or out: what it has and how many units long it is.
+  /// A run on its way in or out: what it has and how many code units long it is.
   struct Piece {
     std::size_t length = 0;
     NSAttributeDictionary attributes;
@@ -28,7 +28,7 @@ class AttributeRuns {
 
   [[nodiscard]] std::size_t length() const { return length_; }
 
-  /// The run that holds the unit at `index`, which must be below `length()`. It may be part of a longer
+  /// The run that holds `index`, which must be below `length()`. It may be part of a longer
   /// stretch with equal attributes.
   [[nodiscard]] Found find(std::size_t index) const;
   /// The runs of a range, cut to it.

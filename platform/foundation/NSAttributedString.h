@@ -20,8 +20,8 @@ enum class NSAttributedStringEnumerationOptions : std::uint32_t {
   longestEffectiveRangeNotRequired = 1u << 20,  ///< stretches with equal attributes may come in parts
 };
 
-/// A text whose units have attributes. Indexes and ranges count UTF-16 units; one beyond the end is a
-/// programming error. Immutable unless it is an `NSMutableAttributedString`.
+/// A text whose code units have attributes. Indexes and ranges count UTF-16 code units; one beyond the end is
+/// a programming error. Immutable unless it is an `NSMutableAttributedString`.
 class NSAttributedString : public NSObject {
  public:
   using Options = NSAttributedStringEnumerationOptions;
@@ -38,14 +38,14 @@ class NSAttributedString : public NSObject {
   [[nodiscard]] const NSString& string() const { return string_; }
   [[nodiscard]] std::size_t length() const { return string_.length(); }
 
-  /// The attributes of one unit, and by `effectiveRange`, unless null, a range around it that has them too,
+  /// The attributes at one index, and by `effectiveRange`, unless null, a range around it that has them too,
   /// not always the longest. Valid until the string changes.
   [[nodiscard]] const NSAttributeDictionary& attributes(std::size_t at,
                                                         NSRange* effectiveRange = nullptr) const;
-  /// The longest such range within `inRange`, which must hold the unit.
+  /// The longest such range within `inRange`, which must hold the index.
   [[nodiscard]] const NSAttributeDictionary& attributes(std::size_t at, NSRange& longestEffectiveRange,
                                                         NSRange inRange) const;
-  /// One attribute of one unit; null when it is absent.
+  /// One attribute at one index; null when it is absent.
   [[nodiscard]] const NSAttributeValue* attribute(const NSAttributedStringKey& key, std::size_t at,
                                                   NSRange* effectiveRange = nullptr) const;
 
@@ -76,7 +76,7 @@ class NSAttributedString : public NSObject {
   [[nodiscard]] Ref<NSAttributedString> copy() const;
   [[nodiscard]] Ref<NSMutableAttributedString> mutableCopy() const;
 
-  /// By value: units and attributes, however either came about.
+  /// By value: code units and attributes, however either came about.
   [[nodiscard]] bool isEqual(const NSObject* other) const override;
   [[nodiscard]] std::size_t hash() const override { return std::hash<NSString>()(string_); }
   [[nodiscard]] std::string className() const override { return "NSAttributedString"; }

@@ -13,10 +13,10 @@ class NSMutableAttributedString : public NSAttributedString {
   using NSAttributedString::NSAttributedString;
   explicit NSMutableAttributedString(const NSAttributedString& other) : NSAttributedString(other) {}
 
-  /// The new units take the attributes of the first that they replace; where they replace none, of the unit
-  /// before; at the start, of the unit behind; in an empty text, none.
+  /// The new code units take the attributes of the first that they replace; where they replace none, of the
+  /// unit before; at the start, of the unit behind; in an empty text, none.
   void replaceCharacters(NSRange in, const NSString& with);
-  /// The new units bring their own attributes. The text may be this one.
+  /// The new code units bring their own attributes. The text may be this one.
   void replaceCharacters(NSRange in, const NSAttributedString& with);
   void deleteCharacters(NSRange in) { replaceCharacters(in, NSString()); }
   void insert(const NSAttributedString& text, std::size_t at) { replaceCharacters({at, 0}, text); }
@@ -24,7 +24,7 @@ class NSMutableAttributedString : public NSAttributedString {
   /// The quick way to build a text from pieces: no object is made for the piece.
   void append(std::u16string_view units, const NSAttributeDictionary& attributes);
   void setAttributedString(const NSAttributedString& text) { replaceCharacters({0, length()}, text); }
-  /// Makes room for a text of so many units.
+  /// Makes room for a text of so many code units.
   void reserve(std::size_t length);
 
   /// In place of all that are there.
@@ -44,8 +44,8 @@ class NSMutableAttributedString : public NSAttributedString {
  protected:
   /// What an edit changed.
   enum class Edited { attributes, characters };
-  /// Called after each edit. `range` is what the edit left, `changeInLength` how many units longer the text
-  /// is than before.
+  /// Called after each edit. `range` is what the edit left, `changeInLength` how many code units longer the
+  /// text is than before.
   virtual void didEdit(Edited what, NSRange range, std::ptrdiff_t changeInLength);
 
  private:

@@ -20,7 +20,7 @@ class NSString {
   NSString(const char* utf8) : NSString(std::string_view(utf8)) {}
   explicit NSString(std::u16string units) : units_(std::move(units)) {}
 
-  /// In UTF-16 units.
+  /// In UTF-16 code units.
   [[nodiscard]] std::size_t length() const { return units_.size(); }
   [[nodiscard]] std::u16string_view units() const { return units_; }
   /// A surrogate without its other half becomes U+FFFD.
@@ -32,10 +32,11 @@ class NSString {
   void append(std::u16string_view units) { units_.append(units); }
   /// `units` may be part of this text.
   void replaceCharacters(NSRange range, std::u16string_view units);
-  /// Makes room for a text of so many units that is to be appended piece by piece.
+  /// Makes room for a text of so many code units that is to be appended piece by piece.
   void reserve(std::size_t length) { units_.reserve(length); }
 
-  /// The first occurrence, unit by unit; {NSNotFound, 0} when there is none. An empty text is not found.
+  /// The first occurrence, code unit by code unit; {NSNotFound, 0} when there is none. An empty text is not
+  /// found.
   [[nodiscard]] NSRange range(const NSString& of) const;
   /// The pieces between the separators, empty ones included; the whole when there is no separator.
   [[nodiscard]] std::vector<NSString> components(const NSString& separatedBy) const;
