@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "BrenvikUIKit/text/BKUKInteractiveLabel.h"
-#include "platform/appkit/NSGraphicsContext.h"
+#include "platform/appkit/drawing/NSGraphicsContext.h"
 #include "testing/VirtualHostScope.h"
 
 namespace bkuk {

@@ -6,8 +6,8 @@
 #include <unistd.h>
 #include <vector>
 
-#include "platform/appkit/NSGraphicsContext.h"
 #include "platform/appkit/NSWindow.h"
+#include "platform/appkit/drawing/NSGraphicsContext.h"
 #include "testing/VirtualHostScope.h"
 
 namespace bkuk {

@@ -2,7 +2,7 @@
 #include <cstdint>
 #include <span>
 
-#include "host/FontFile.h"
+#include "host/support/FontFile.h"
 
 /// What was read as a face can be written as a file of its own, which holds the same face.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

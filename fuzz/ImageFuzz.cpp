@@ -4,7 +4,7 @@
 
 #include "host/Bitmap.h"
 #include "host/Host.h"
-#include "platform/appkit/NSImage.h"
+#include "platform/appkit/drawing/NSImage.h"
 #include "testing/VirtualHostScope.h"
 
 namespace bkuk {

@@ -4,9 +4,9 @@
 #include <cstdint>
 #include <utility>
 
-#include "platform/appkit/NSFont.h"
-#include "platform/appkit/NSLayoutManager.h"
-#include "platform/appkit/NSParagraphStyle.h"
+#include "platform/appkit/text/NSFont.h"
+#include "platform/appkit/text/NSLayoutManager.h"
+#include "platform/appkit/text/NSParagraphStyle.h"
 #include "testing/VirtualHostScope.h"
 
 namespace bkuk {

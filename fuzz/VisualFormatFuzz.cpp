@@ -6,7 +6,7 @@
 
 #include "platform/appkit/NSLayoutConstraint.h"
 #include "platform/appkit/NSView.h"
-#include "platform/appkit/NSVisualFormat.h"
+#include "platform/appkit/constraints/VisualFormat.h"
 #include "testing/VirtualHostScope.h"
 
 namespace bkuk {
@@ -15,7 +15,7 @@ namespace {
 constexpr std::size_t mostElements = 64;  // more would only show that solving takes time
 constexpr double farthest = 1e6;
 
-void lowerPriority(const NSVisualFormat::Predicate& predicate, bool& isValid) {
+void lowerPriority(const VisualFormat::Predicate& predicate, bool& isValid) {
   const auto isFar = [](double number) { return number > farthest || number < -farthest; };
   if (isFar(predicate.object.number)) isValid = false;
   if (!predicate.priority || !predicate.priority->name.empty()) return;
@@ -24,12 +24,12 @@ void lowerPriority(const NSVisualFormat::Predicate& predicate, bool& isValid) {
 }
 
 /// Every name is a view, and a metric where only that fits, so that what can be read can be laid out.
-void layOut(std::string_view text, const NSVisualFormat& format) {
+void layOut(std::string_view text, const VisualFormat& format) {
   const auto root = make<NSView>(NSRect(0, 0, 300, 200));
   std::map<std::string, NSLayoutItem*> views;
   std::map<std::string, CGFloat> metrics;
   bool isValid = format.elements.size() <= mostElements;
-  const auto name = [&](const NSVisualFormat::Predicate& predicate) {
+  const auto name = [&](const VisualFormat::Predicate& predicate) {
     metrics[predicate.object.name] = 12;
     if (predicate.priority) metrics[predicate.priority->name] = 500;
     lowerPriority(predicate, isValid);
@@ -60,7 +60,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   static const auto& host = *new VirtualHostScope;
   (void)host;
   const std::string_view text(reinterpret_cast<const char*>(data), size);
-  const auto parsed = NSVisualFormat::parse(text);
-  if (const auto* format = std::get_if<NSVisualFormat>(&parsed)) layOut(text, *format);
+  const auto parsed = VisualFormat::parse(text);
+  if (const auto* format = std::get_if<VisualFormat>(&parsed)) layOut(text, *format);
   return 0;
 }

@@ -7,9 +7,9 @@
 #include <string>
 #include <vector>
 
-#include "host/AppearanceRelay.h"
-#include "host/EventQueue.h"
 #include "host/Host.h"
+#include "host/support/AppearanceRelay.h"
+#include "host/support/EventQueue.h"
 #include "testing/VirtualWindow.h"
 
 namespace bkuk {

@@ -3,8 +3,8 @@
 #include <string>
 #include <vector>
 
-#include "host/PointerTracker.h"
 #include "host/Window.h"
+#include "host/support/PointerTracker.h"
 
 namespace bkuk {
 

@@ -1,6 +1,7 @@
+#include "BrenvikUIKit/colour/BKUKNSApplication+Extensions.h"
+
 #include <array>
 
-#include "BrenvikUIKit/colour/BKUKNSApplication+Extensions.h"
 #include "BrenvikUIKit/colour/DarkAppearanceSupport.h"
 #include "platform/appkit/NSApplication.h"
 

@@ -1,6 +1,7 @@
+#include "BrenvikUIKit/colour/BKUKNSColor+Extensions.h"
+
 #include <string_view>
 
-#include "BrenvikUIKit/colour/BKUKNSColor+Extensions.h"
 #include "BrenvikUIKit/colour/BKUKThemedColor.h"
 #include "platform/foundation/Fatal.h"
 

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "platform/appkit/NSColor.h"
+#include "platform/appkit/drawing/NSColor.h"
 
 namespace bkuk {
 

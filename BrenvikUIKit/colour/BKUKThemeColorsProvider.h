@@ -1,7 +1,7 @@
 #pragma once
 
 #include "BrenvikUIKit/colour/BKUKThemeColorRole.h"
-#include "platform/appkit/NSColor.h"
+#include "platform/appkit/drawing/NSColor.h"
 
 namespace bkuk {
 

@@ -2,9 +2,9 @@
 
 #include <utility>
 
-#include "platform/appkit/NSAccessibilityRecord.h"
-#include "platform/appkit/NSBezierPath.h"
 #include "platform/appkit/NSWindow.h"
+#include "platform/appkit/accessibility/AccessibilityRecord.h"
+#include "platform/appkit/drawing/NSBezierPath.h"
 #include "platform/foundation/NSNotificationCenter.h"
 
 namespace bkuk {
@@ -39,7 +39,7 @@ void BKUKTriggerView::setSelected(bool selected) {
 }
 
 bool BKUKTriggerView::isAccessibilitySelected() const {
-  return NSAccessibilityRecord::resolved(accessibilityRecord().isSelected, selected_);
+  return AccessibilityRecord::resolved(accessibilityRecord().isSelected, selected_);
 }
 
 bool BKUKTriggerView::isUsable() const {

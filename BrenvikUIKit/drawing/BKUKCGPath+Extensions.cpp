@@ -1,6 +1,7 @@
+#include "BrenvikUIKit/drawing/BKUKCGPath+Extensions.h"
+
 #include <array>
 
-#include "BrenvikUIKit/drawing/BKUKCGPath+Extensions.h"
 #include "platform/foundation/Fatal.h"
 
 namespace bkuk {

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "BrenvikUIKit/drawing/BKUKLineStyle.h"
-#include "platform/appkit/NSBezierPath.h"
+#include "platform/appkit/drawing/NSBezierPath.h"
 #include "platform/coregraphics/CGPath.h"
 
 namespace bkuk {

@@ -5,7 +5,7 @@
 
 #include "BrenvikUIKit/animation/BKUKDontAnimate.h"
 #include "BrenvikUIKit/drawing/BKUKCAGradientLayer+Extensions.h"
-#include "platform/appkit/NSShadow.h"
+#include "platform/appkit/drawing/NSShadow.h"
 #include "platform/foundation/Fatal.h"
 
 namespace bkuk {

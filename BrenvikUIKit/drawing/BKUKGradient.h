@@ -3,7 +3,7 @@
 #include <optional>
 #include <vector>
 
-#include "platform/appkit/NSColor.h"
+#include "platform/appkit/drawing/NSColor.h"
 #include "platform/coregraphics/CGGradient.h"
 
 namespace bkuk {

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "BrenvikUIKit/drawing/BKUKLinePatternModification.h"
-#include "platform/appkit/NSColor.h"
+#include "platform/appkit/drawing/NSColor.h"
 #include "platform/coregraphics/CGLineStyle.h"
 #include "platform/foundation/CGGeometry.h"
 

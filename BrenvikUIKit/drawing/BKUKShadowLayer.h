@@ -1,7 +1,7 @@
 #pragma once
 
 #include "BrenvikUIKit/drawing/BKUKShadowType.h"
-#include "platform/appkit/NSColor.h"
+#include "platform/appkit/drawing/NSColor.h"
 #include "platform/quartzcore/CALayer.h"
 
 namespace bkuk {

@@ -3,9 +3,9 @@
 #include <functional>
 
 #include "BrenvikUIKit/interaction/BKUKKeyFocusControllerDelegate.h"
-#include "platform/appkit/NSBezierPath.h"
-#include "platform/appkit/NSImage.h"
 #include "platform/appkit/NSView.h"
+#include "platform/appkit/drawing/NSBezierPath.h"
+#include "platform/appkit/drawing/NSImage.h"
 #include "platform/foundation/WeakDelegate.h"
 
 namespace bkuk {

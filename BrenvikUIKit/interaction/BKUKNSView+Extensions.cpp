@@ -1,4 +1,5 @@
 #include "BrenvikUIKit/interaction/BKUKNSView+Extensions.h"
+
 #include "platform/appkit/NSAnimationContext.h"
 #include "platform/appkit/NSWorkspace.h"
 

@@ -1,6 +1,7 @@
+#include "BrenvikUIKit/interaction/BKUKNSWindow+Extensions.h"
+
 #include <utility>
 
-#include "BrenvikUIKit/interaction/BKUKNSWindow+Extensions.h"
 #include "BrenvikUIKit/interaction/BKUKPanel.h"
 #include "BrenvikUIKit/interaction/BKUKWindow.h"
 #include "platform/foundation/Fatal.h"

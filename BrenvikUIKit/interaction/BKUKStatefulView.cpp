@@ -3,10 +3,10 @@
 #include <utility>
 #include <vector>
 
-#include "platform/appkit/NSAccessibilityRecord.h"
-#include "platform/appkit/NSBezierPath.h"
-#include "platform/appkit/NSGraphicsContext.h"
 #include "platform/appkit/NSWindow.h"
+#include "platform/appkit/accessibility/AccessibilityRecord.h"
+#include "platform/appkit/drawing/NSBezierPath.h"
+#include "platform/appkit/drawing/NSGraphicsContext.h"
 
 namespace bkuk {
 
@@ -50,7 +50,7 @@ void BKUKStatefulView::setSelected(bool selected) {
 }
 
 bool BKUKStatefulView::isAccessibilitySelected() const {
-  return NSAccessibilityRecord::resolved(accessibilityRecord().isSelected, isSelected());
+  return AccessibilityRecord::resolved(accessibilityRecord().isSelected, isSelected());
 }
 
 void BKUKStatefulView::setEnabled(bool enabled) {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "BrenvikUIKit/style/BKUKStatefulSettings.h"
-#include "platform/appkit/NSColor.h"
+#include "platform/appkit/drawing/NSColor.h"
 
 namespace bkuk {
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "BrenvikUIKit/text/BKUKSimpleXMLParserDelegate.h"
-#include "platform/appkit/NSParagraphStyle.h"
+#include "platform/appkit/text/NSParagraphStyle.h"
 #include "platform/foundation/NSMutableAttributedString.h"
 
 namespace bkuk {

@@ -2,7 +2,7 @@
 
 #include <functional>
 
-#include "platform/appkit/NSFont.h"
+#include "platform/appkit/text/NSFont.h"
 
 namespace bkuk {
 

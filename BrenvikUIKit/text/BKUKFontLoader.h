@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "BrenvikUIKit/text/BKUKFontType.h"
-#include "platform/appkit/NSFont.h"
+#include "platform/appkit/text/NSFont.h"
 #include "platform/foundation/NSBundle.h"
 
 namespace bkuk {

@@ -2,7 +2,7 @@
 
 #include "BrenvikUIKit/text/BKUKFontLoader.h"
 #include "BrenvikUIKit/text/FontKey.h"
-#include "platform/appkit/NSParagraphStyle.h"
+#include "platform/appkit/text/NSParagraphStyle.h"
 #include "platform/foundation/Permanent.h"
 
 namespace bkuk {

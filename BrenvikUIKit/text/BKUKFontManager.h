@@ -4,9 +4,9 @@
 #include <optional>
 
 #include "BrenvikUIKit/text/BKUKFontType.h"
-#include "platform/appkit/NSColor.h"
-#include "platform/appkit/NSFont.h"
-#include "platform/appkit/NSTextAlignment.h"
+#include "platform/appkit/drawing/NSColor.h"
+#include "platform/appkit/text/NSFont.h"
+#include "platform/appkit/text/NSTextAlignment.h"
 #include "platform/foundation/NSAttributeDictionary.h"
 #include "platform/foundation/NSMapTable.h"
 

@@ -1,7 +1,7 @@
 #include "BrenvikUIKit/text/BKUKFontSettings.h"
 
 #include "BrenvikUIKit/colour/BKUKTheme.h"
-#include "platform/appkit/NSParagraphStyle.h"
+#include "platform/appkit/text/NSParagraphStyle.h"
 
 namespace bkuk {
 

@@ -7,7 +7,7 @@
 #include "BrenvikUIKit/colour/BKUKThemeColorOpacity.h"
 #include "BrenvikUIKit/text/BKUKBrandFont.h"
 #include "BrenvikUIKit/text/BKUKFontManager.h"
-#include "platform/appkit/NSUnderlineStyle.h"
+#include "platform/appkit/text/NSUnderlineStyle.h"
 
 namespace bkuk {
 

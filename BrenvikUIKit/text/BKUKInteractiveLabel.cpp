@@ -7,10 +7,10 @@
 #include "BrenvikUIKit/interaction/BKUKKeyCodes.h"
 #include "BrenvikUIKit/text/RangeFinder.h"
 #include "platform/appkit/NSApplication.h"
-#include "platform/appkit/NSBezierPath.h"
 #include "platform/appkit/NSCursor.h"
-#include "platform/appkit/NSFocusRing.h"
 #include "platform/appkit/NSWindow.h"
+#include "platform/appkit/drawing/NSBezierPath.h"
+#include "platform/appkit/window/FocusRing.h"
 
 namespace bkuk {
 
@@ -289,7 +289,7 @@ std::vector<NSRect> BKUKInteractiveLabel::focusRingMask() const {
   if (!link) return {};
   auto mask = rects(*link);
   for (auto& rect : mask) {
-    rect = rect.insetBy(0, std::min(NSFocusRing::ringWidth, (rect.height() - lowestRing) / 2));
+    rect = rect.insetBy(0, std::min(FocusRing::ringWidth, (rect.height() - lowestRing) / 2));
   }
   return mask;
 }

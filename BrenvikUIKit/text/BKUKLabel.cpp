@@ -7,7 +7,7 @@
 
 #include "BrenvikUIKit/text/BKUKNSAttributedString+Extensions.h"
 #include "BrenvikUIKit/text/CustomAttributes.h"
-#include "platform/appkit/NSGraphicsContext.h"
+#include "platform/appkit/drawing/NSGraphicsContext.h"
 #include "platform/foundation/CGRoundedUp.h"
 #include "platform/foundation/Fatal.h"
 

@@ -1,6 +1,6 @@
 #include "BrenvikUIKit/text/BKUKLabelLayoutManager.h"
 
-#include "platform/appkit/NSGraphicsContext.h"
+#include "platform/appkit/drawing/NSGraphicsContext.h"
 
 namespace bkuk {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "BrenvikUIKit/text/BKUKUnderlineDrawerManager.h"
-#include "platform/appkit/NSLayoutManager.h"
+#include "platform/appkit/text/NSLayoutManager.h"
 
 namespace bkuk {
 

@@ -1,6 +1,7 @@
-#include "BrenvikUIKit/text/BKUKFontManager.h"
 #include "BrenvikUIKit/text/BKUKNSAttributedString+Extensions.h"
-#include "platform/appkit/NSParagraphStyle.h"
+
+#include "BrenvikUIKit/text/BKUKFontManager.h"
+#include "platform/appkit/text/NSParagraphStyle.h"
 
 namespace bkuk {
 

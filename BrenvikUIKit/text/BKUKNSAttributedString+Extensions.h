@@ -4,9 +4,9 @@
 #include <string_view>
 
 #include "BrenvikUIKit/text/BKUKFontType.h"
-#include "platform/appkit/NSColor.h"
-#include "platform/appkit/NSTextAlignment.h"
-#include "platform/appkit/NSUnderlineStyle.h"
+#include "platform/appkit/drawing/NSColor.h"
+#include "platform/appkit/text/NSTextAlignment.h"
+#include "platform/appkit/text/NSUnderlineStyle.h"
 #include "platform/foundation/NSMutableAttributedString.h"
 
 namespace bkuk {

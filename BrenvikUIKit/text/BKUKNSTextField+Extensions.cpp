@@ -1,6 +1,7 @@
+#include "BrenvikUIKit/text/BKUKNSTextField+Extensions.h"
+
 #include "BrenvikUIKit/text/BKUKAttributedTextXMLFactory.h"
 #include "BrenvikUIKit/text/BKUKNSAttributedString+Extensions.h"
-#include "BrenvikUIKit/text/BKUKNSTextField+Extensions.h"
 
 namespace bkuk {
 

@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "platform/appkit/NSTextAlignment.h"
+#include "platform/appkit/text/NSTextAlignment.h"
 
 namespace bkuk {
 

@@ -1,6 +1,6 @@
 #include "BrenvikUIKit/text/BKUKTextAttributes.h"
 
-#include "platform/appkit/NSParagraphStyle.h"
+#include "platform/appkit/text/NSParagraphStyle.h"
 
 namespace bkuk {
 

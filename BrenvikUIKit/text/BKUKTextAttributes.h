@@ -3,10 +3,10 @@
 #include <optional>
 #include <utility>
 
-#include "platform/appkit/NSColor.h"
-#include "platform/appkit/NSFont.h"
-#include "platform/appkit/NSTextAlignment.h"
-#include "platform/appkit/NSUnderlineStyle.h"
+#include "platform/appkit/drawing/NSColor.h"
+#include "platform/appkit/text/NSFont.h"
+#include "platform/appkit/text/NSTextAlignment.h"
+#include "platform/appkit/text/NSUnderlineStyle.h"
 #include "platform/foundation/NSAttributeDictionary.h"
 
 namespace bkuk {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/appkit/NSColor.h"
-#include "platform/appkit/NSFont.h"
+#include "platform/appkit/drawing/NSColor.h"
+#include "platform/appkit/text/NSFont.h"
 
 namespace bkuk {
 

@@ -3,7 +3,7 @@
 #include <map>
 
 #include "BrenvikUIKit/text/BKUKUnderlineDrawer.h"
-#include "platform/appkit/NSUnderlineStyle.h"
+#include "platform/appkit/text/NSUnderlineStyle.h"
 
 namespace bkuk {
 

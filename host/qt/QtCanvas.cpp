@@ -8,7 +8,7 @@
 #include "host/qt/QtConversions.h"
 #include "host/qt/QtGradient.h"
 #include "host/qt/QtStroke.h"
-#include "host/qt/QtTextLine.h"
+#include "host/qt/text/QtTextLine.h"
 
 namespace bkuk::host {
 

@@ -1,7 +1,7 @@
 #include "host/qt/QtDrawing.h"
 
 #include "host/qt/QtCanvas.h"
-#include "host/qt/QtFonts.h"
+#include "host/qt/text/QtFonts.h"
 
 namespace bkuk::host {
 

@@ -2,15 +2,15 @@
 
 #include <memory>
 
-#include "host/AppearanceRelay.h"
-#include "host/EventQueue.h"
 #include "host/Host.h"
 #include "host/PointerMemory.h"
 #include "host/qt/EventClock.h"
 #include "host/qt/QtAccessibility.h"
 #include "host/qt/QtAppearance.h"
-#include "host/qt/QtFonts.h"
 #include "host/qt/QtLoop.h"
+#include "host/qt/text/QtFonts.h"
+#include "host/support/AppearanceRelay.h"
+#include "host/support/EventQueue.h"
 
 namespace bkuk::host {
 

@@ -3,9 +3,9 @@
 #include <memory>
 #include <optional>
 
-#include "host/EventQueue.h"
-#include "host/PointerTracker.h"
 #include "host/Window.h"
+#include "host/support/EventQueue.h"
+#include "host/support/PointerTracker.h"
 
 class QCloseEvent;
 class QEvent;

@@ -2,14 +2,14 @@
 
 #include <utility>
 
-#include "platform/appkit/NSAccessibilityRecord.h"
-#include "platform/appkit/NSAccessibilityTree.h"
+#include "platform/appkit/accessibility/AccessibilityRecord.h"
+#include "platform/appkit/accessibility/AccessibilityTree.h"
 
 namespace bkuk {
 
 namespace {
 
-using Record = NSAccessibilityRecord;
+using Record = AccessibilityRecord;
 
 Record::Answer answer(bool value) { return value ? Record::Answer::yes : Record::Answer::no; }
 
@@ -18,7 +18,7 @@ Record::Answer answer(bool value) { return value ? Record::Answer::yes : Record:
 NSAccessibility::NSAccessibility() = default;
 
 NSAccessibility::~NSAccessibility() {
-  if (record_ && record_->id != 0) NSAccessibilityTree::shared().forget(record_->id);
+  if (record_ && record_->id != 0) AccessibilityTree::shared().forget(record_->id);
 }
 
 const Record& NSAccessibility::accessibilityRecord() const {
@@ -31,9 +31,9 @@ Record& NSAccessibility::changedRecord() {
   return *record_;
 }
 
-NSAccessibilityPlace& NSAccessibility::changedPlace() {
+AccessibilityPlace& NSAccessibility::changedPlace() {
   auto& place = changedRecord().place;
-  if (!place) place = std::make_unique<NSAccessibilityPlace>();
+  if (!place) place = std::make_unique<AccessibilityPlace>();
   return *place;
 }
 
@@ -89,7 +89,7 @@ bool NSAccessibility::isAccessibilityElement() const {
 
 void NSAccessibility::setAccessibilityElement(bool isElement) {
   changedRecord().isElement = answer(isElement);
-  if (const auto parent = accessibilityParent()) NSAccessibilityTree::childrenDidChange(*parent);
+  if (const auto parent = accessibilityParent()) AccessibilityTree::childrenDidChange(*parent);
 }
 
 bool NSAccessibility::isAccessibilityEnabled() const {
@@ -118,7 +118,7 @@ bool NSAccessibility::isAccessibilityHidden() const {
 
 void NSAccessibility::setAccessibilityHidden(bool isHidden) {
   changedRecord().isHidden = answer(isHidden);
-  if (const auto parent = accessibilityParent()) NSAccessibilityTree::childrenDidChange(*parent);
+  if (const auto parent = accessibilityParent()) AccessibilityTree::childrenDidChange(*parent);
 }
 
 Ref<NSAccessibility> NSAccessibility::accessibilityFocusedUIElement() const {
@@ -137,7 +137,7 @@ void NSAccessibility::setAccessibilityChildren(std::vector<Ref<NSAccessibility>>
     if (!child->accessibilityParent()) child->setAccessibilityParent(this);
   }
   changedPlace().children = std::move(children);
-  NSAccessibilityTree::childrenDidChange(*this);
+  AccessibilityTree::childrenDidChange(*this);
 }
 
 Ref<NSAccessibility> NSAccessibility::accessibilityParent() const {

@@ -12,8 +12,8 @@
 
 namespace bkuk {
 
-struct NSAccessibilityPlace;
-struct NSAccessibilityRecord;
+struct AccessibilityPlace;
+struct AccessibilityRecord;
 
 /// A number (1 for a mark that is set, 0 for none, 2 for one that is neither), a text, or nothing.
 using NSAccessibilityValue = std::variant<std::monostate, double, std::string>;
@@ -99,16 +99,16 @@ class NSAccessibility : public NSObject {
 
  protected:
   /// What was set.
-  [[nodiscard]] const NSAccessibilityRecord& accessibilityRecord() const;
+  [[nodiscard]] const AccessibilityRecord& accessibilityRecord() const;
 
  private:
-  friend class NSAccessibilityTree;
+  friend class AccessibilityTree;
 
-  NSAccessibilityRecord& changedRecord();
-  NSAccessibilityPlace& changedPlace();
+  AccessibilityRecord& changedRecord();
+  AccessibilityPlace& changedPlace();
   void postIfKnown(NSAccessibilityNotificationName name);
 
-  std::unique_ptr<NSAccessibilityRecord> record_;  // made for the first that is set or published
+  std::unique_ptr<AccessibilityRecord> record_;  // made for the first that is set or published
 };
 
 /// Tells assistive clients at once what happened to an element, also when that is a window. Costs nothing

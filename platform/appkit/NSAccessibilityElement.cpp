@@ -1,13 +1,13 @@
 #include "platform/appkit/NSAccessibilityElement.h"
 
-#include "platform/appkit/NSAccessibilityRecord.h"
 #include "platform/appkit/NSView.h"
 #include "platform/appkit/NSWindow.h"
+#include "platform/appkit/accessibility/AccessibilityRecord.h"
 
 namespace bkuk {
 
 bool NSAccessibilityElement::isAccessibilityElement() const {
-  return NSAccessibilityRecord::resolved(accessibilityRecord().isElement, true);
+  return AccessibilityRecord::resolved(accessibilityRecord().isElement, true);
 }
 
 NSRect NSAccessibilityElement::accessibilityFrame() const {

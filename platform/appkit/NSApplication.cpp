@@ -5,10 +5,10 @@
 #include <utility>
 
 #include "host/Host.h"
-#include "platform/appkit/NSAccessibilityTree.h"
 #include "platform/appkit/NSEventMonitor.h"
-#include "platform/appkit/NSImage.h"
 #include "platform/appkit/NSWindow.h"
+#include "platform/appkit/accessibility/AccessibilityTree.h"
+#include "platform/appkit/drawing/NSImage.h"
 #include "platform/foundation/NSKeyValueObservation.h"
 #include "platform/foundation/NSRunLoop.h"
 #include "platform/foundation/NSThread.h"
@@ -66,7 +66,7 @@ NSApplication& NSApplication::shared() {
 NSApplication::NSApplication() = default;
 
 void NSApplication::attach(host::Host& host) {
-  host.setAccessibilityTree(&NSAccessibilityTree::shared());
+  host.setAccessibilityTree(&AccessibilityTree::shared());
   host.setAppearanceHandler([this] { refreshEffectiveAppearance(); });
   tellIdentity(host);
   if (effectiveAppearance_) refreshEffectiveAppearance();
@@ -125,14 +125,11 @@ void NSApplication::tellWindowsOfAppearance() {
 }
 
 NSUserInterfaceLayoutDirection NSApplication::userInterfaceLayoutDirection() const {
-  if (direction_) return *direction_;
-  return host::current().layoutDirection() == host::TextDirection::rightToLeft
-             ? NSUserInterfaceLayoutDirection::rightToLeft
-             : NSUserInterfaceLayoutDirection::leftToRight;
+  return interfaceLayoutDirection();
 }
 
 void NSApplication::setUserInterfaceLayoutDirection(std::optional<NSUserInterfaceLayoutDirection> direction) {
-  direction_ = direction;
+  setInterfaceLayoutDirection(direction);
   for (const auto& window : windows()) window->layoutDirectionDidChange();
 }
 
@@ -179,7 +176,7 @@ void NSApplication::setKeyWindow(NSWindow* window) {
   if (window && window->canBecomeMain()) mainWindow_ = window;
   if (previous) previous->resignKey();
   if (next && keyWindow_.refersTo(window)) next->becomeKey();
-  if (next && keyWindow_.refersTo(window)) NSAccessibilityTree::shared().postFocus(*next);
+  if (next && keyWindow_.refersTo(window)) AccessibilityTree::shared().postFocus(*next);
 }
 
 void NSApplication::commit() {
@@ -188,7 +185,7 @@ void NSApplication::commit() {
     window->layoutIfNeeded();
     window->updateTracking();
   }
-  NSAccessibilityTree::tellChildren();
+  AccessibilityTree::tellChildren();
   CATransaction::flush();
   for (std::size_t i = 0; i < orderedIn_.size(); ++i) {
     const Ref<NSWindow> window = orderedIn_[i];

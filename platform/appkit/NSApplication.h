@@ -7,7 +7,7 @@
 
 #include "platform/appkit/NSAppearance.h"
 #include "platform/appkit/NSResponder.h"
-#include "platform/appkit/NSUserInterfaceLayoutDirection.h"
+#include "platform/appkit/text/NSUserInterfaceLayoutDirection.h"
 
 namespace bkuk {
 
@@ -109,7 +109,6 @@ class NSApplication : public NSResponder {
   Ref<NSImage> applicationIconImage_;
   Ref<NSAppearance> appearance_;
   Ref<NSAppearance> effectiveAppearance_;
-  std::optional<NSUserInterfaceLayoutDirection> direction_;
   std::vector<Weak<NSWindow>> windows_;
   std::vector<Ref<NSWindow>> orderedIn_;  // a window that the user sees stays until it is ordered out
   Weak<NSWindow> keyWindow_;

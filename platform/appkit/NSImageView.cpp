@@ -4,8 +4,8 @@
 #include <cmath>
 #include <utility>
 
-#include "platform/appkit/NSAccessibilityRecord.h"
 #include "platform/appkit/NSWindow.h"
+#include "platform/appkit/accessibility/AccessibilityRecord.h"
 
 namespace bkuk {
 
@@ -60,7 +60,7 @@ void NSImageView::didInit() {
 }
 
 bool NSImageView::isAccessibilityElement() const {
-  return NSAccessibilityRecord::resolved(accessibilityRecord().isElement, !accessibilityLabel().empty());
+  return AccessibilityRecord::resolved(accessibilityRecord().isElement, !accessibilityLabel().empty());
 }
 
 void NSImageView::setImage(Ref<NSImage> image) {

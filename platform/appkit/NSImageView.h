@@ -3,7 +3,7 @@
 #include <cstdint>
 
 #include "platform/appkit/NSControl.h"
-#include "platform/appkit/NSImage.h"
+#include "platform/appkit/drawing/NSImage.h"
 
 namespace bkuk {
 

@@ -1,8 +1,9 @@
+#include "platform/appkit/NSLayoutConstraint.h"
+
 #include <utility>
 
-#include "platform/appkit/NSLayoutConstraint.h"
 #include "platform/appkit/NSView.h"
-#include "platform/appkit/NSVisualFormat.h"
+#include "platform/appkit/constraints/VisualFormat.h"
 #include "platform/foundation/Fatal.h"
 
 namespace bkuk {
@@ -19,7 +20,7 @@ using Constraints = std::vector<Ref<NSLayoutConstraint>>;
 /// Makes constraints of a format that was taken apart.
 class Maker {
  public:
-  Maker(const NSVisualFormat& format, NSLayoutFormatOptions options,
+  Maker(const VisualFormat& format, NSLayoutFormatOptions options,
         const std::map<std::string, CGFloat>& metrics, const std::map<std::string, NSLayoutItem*>& views)
       : format_(format), options_(options), metrics_(metrics), views_(views) {
     for (const auto& element : format.elements) {
@@ -67,7 +68,7 @@ class Maker {
     for (const auto& predicate : gap.distance) addDistance(index, predicate, numberOf(predicate.object));
   }
 
-  void addDistance(std::size_t index, const NSVisualFormat::Predicate& predicate, CGFloat distance) {
+  void addDistance(std::size_t index, const VisualFormat::Predicate& predicate, CGFloat distance) {
     auto start = isHorizontal() ? Attribute::leading : Attribute::top;
     auto end = isHorizontal() ? Attribute::trailing : Attribute::bottom;
     const bool isLeftToRight = (options_ & NSLayoutFormatDirectionLeftToRight) != 0;
@@ -106,7 +107,7 @@ class Maker {
     }
   }
 
-  void add(NSLayoutItem* item, Attribute attribute, const NSVisualFormat::Predicate& predicate,
+  void add(NSLayoutItem* item, Attribute attribute, const VisualFormat::Predicate& predicate,
            NSLayoutItem* other, Attribute otherAttribute, CGFloat constant) {
     made_.push_back(bkuk::make<NSLayoutConstraint>(item, attribute, predicate.relation, other, otherAttribute,
                                                    1.0, constant));
@@ -120,14 +121,14 @@ class Maker {
     return found->second;
   }
 
-  [[nodiscard]] CGFloat numberOf(const NSVisualFormat::Operand& operand) const {
+  [[nodiscard]] CGFloat numberOf(const VisualFormat::Operand& operand) const {
     if (operand.name.empty()) return operand.number;
     const auto found = metrics_.find(operand.name);
     if (found == metrics_.end()) fatal("A format names an unknown metric: " + operand.name, unit);
     return found->second;
   }
 
-  const NSVisualFormat& format_;
+  const VisualFormat& format_;
   const NSLayoutFormatOptions options_;
   const std::map<std::string, CGFloat>& metrics_;
   const std::map<std::string, NSLayoutItem*>& views_;
@@ -141,13 +142,13 @@ class Maker {
 std::vector<Ref<NSLayoutConstraint>> NSLayoutConstraint::constraintsWithVisualFormat(
     std::string_view format, NSLayoutFormatOptions options, const std::map<std::string, CGFloat>& metrics,
     const std::map<std::string, NSLayoutItem*>& views) {
-  const auto parsed = NSVisualFormat::parse(format);
-  if (const auto* error = std::get_if<NSVisualFormat::Error>(&parsed)) {
+  const auto parsed = VisualFormat::parse(format);
+  if (const auto* error = std::get_if<VisualFormat::Error>(&parsed)) {
     fatal("A visual format cannot be read at " + std::to_string(error->position) + ", " +
               std::string(error->message) + ": " + std::string(format),
           unit);
   }
-  return Maker(std::get<NSVisualFormat>(parsed), options, metrics, views).make();
+  return Maker(std::get<VisualFormat>(parsed), options, metrics, views).make();
 }
 
 }  // namespace bkuk

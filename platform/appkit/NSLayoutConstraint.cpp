@@ -6,8 +6,8 @@
 #include <cstdio>
 
 #include "platform/appkit/NSLayoutGuide.h"
-#include "platform/appkit/NSLayoutPart.h"
 #include "platform/appkit/NSView.h"
+#include "platform/appkit/constraints/LayoutPart.h"
 #include "platform/foundation/Fatal.h"
 
 namespace bkuk {

@@ -81,7 +81,7 @@ class NSLayoutConstraint final : public NSObject {
   [[nodiscard]] std::string className() const override { return "NSLayoutConstraint"; }
 
  private:
-  friend class NSLayoutEngine;
+  friend class LayoutEngine;
   friend class NSView;
 
   class ItemReference {

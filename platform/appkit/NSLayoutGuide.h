@@ -23,7 +23,7 @@ class NSLayoutGuide final : public NSObject, public NSLayoutItem {
   [[nodiscard]] Ref<NSView> layoutView() override;
 
  private:
-  friend class NSLayoutEngine;
+  friend class LayoutEngine;
   friend class NSView;
 
   Weak<NSView> owner_;

@@ -1,14 +1,14 @@
 #include "platform/appkit/NSLayoutItem.h"
 
-#include "platform/appkit/NSLayoutPart.h"
+#include "platform/appkit/constraints/LayoutPart.h"
 
 namespace bkuk {
 
 NSLayoutItem::NSLayoutItem() = default;
 NSLayoutItem::~NSLayoutItem() = default;
 
-NSLayoutPart& NSLayoutItem::layoutPart() {
-  if (!layoutPart_) layoutPart_ = std::make_unique<NSLayoutPart>();
+LayoutPart& NSLayoutItem::layoutPart() {
+  if (!layoutPart_) layoutPart_ = std::make_unique<LayoutPart>();
   return *layoutPart_;
 }
 

@@ -7,7 +7,7 @@
 namespace bkuk {
 
 class NSView;
-struct NSLayoutPart;
+struct LayoutPart;
 
 /// What constraints are laid between: a view or a layout guide.
 class NSLayoutItem {
@@ -42,14 +42,14 @@ class NSLayoutItem {
   virtual ~NSLayoutItem();
 
   /// What the platform keeps about the item; none while there was no need.
-  std::unique_ptr<NSLayoutPart> layoutPart_;
+  std::unique_ptr<LayoutPart> layoutPart_;
 
  private:
   friend class NSLayoutConstraint;
-  friend class NSLayoutEngine;
+  friend class LayoutEngine;
   friend class NSView;
 
-  NSLayoutPart& layoutPart();
+  LayoutPart& layoutPart();
 };
 
 }  // namespace bkuk

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "platform/appkit/NSApplication.h"
-#include "platform/appkit/NSGraphicsContext.h"
+#include "platform/appkit/drawing/NSGraphicsContext.h"
 #include "platform/foundation/CGRoundedUp.h"
 #include "platform/foundation/NSString.h"
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "platform/appkit/NSColor.h"
 #include "platform/appkit/NSControl.h"
-#include "platform/appkit/NSFont.h"
-#include "platform/appkit/NSParagraphStyle.h"
+#include "platform/appkit/drawing/NSColor.h"
+#include "platform/appkit/text/NSFont.h"
+#include "platform/appkit/text/NSParagraphStyle.h"
 #include "platform/appkit/text/TextStack.h"
 
 namespace bkuk {

@@ -47,7 +47,7 @@ class NSTrackingArea : public NSObject {
 
  private:
   friend class NSView;
-  friend class NSWindowTracking;
+  friend class WindowTracking;
 
   static constexpr std::size_t nowhere = static_cast<std::size_t>(-1);
 

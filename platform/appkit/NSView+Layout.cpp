@@ -1,10 +1,11 @@
+#include "platform/appkit/NSView.h"
+
 #include <algorithm>
 #include <unordered_set>
 #include <utility>
 
-#include "platform/appkit/NSLayoutPart.h"
-#include "platform/appkit/NSView.h"
 #include "platform/appkit/NSWindow.h"
+#include "platform/appkit/constraints/LayoutPart.h"
 #include "platform/foundation/Fatal.h"
 
 namespace bkuk {
@@ -37,13 +38,13 @@ void NSView::layoutSubtreeIfNeeded() {
   for (int round = 0; round < mostRounds; ++round) {
     updateConstraints();
     layoutMarkedViews();
-    const Ref<NSLayoutEngine> engine = layoutEngine();
+    const Ref<LayoutEngine> engine = layoutEngine();
     if (!engine || !engine->needsUpdate()) return;
   }
 }
 
 void NSView::updateConstraints() {
-  const Ref<NSLayoutEngine> engine = layoutEngine();
+  const Ref<LayoutEngine> engine = layoutEngine();
   if (engine && engine->needsUpdate()) engine->update();
 }
 
@@ -74,22 +75,22 @@ NSView& NSView::layoutRoot() {
   return *root;
 }
 
-Ref<NSLayoutEngine> NSView::layoutEngine() {
+Ref<LayoutEngine> NSView::layoutEngine() {
   const auto& part = layoutRoot().layoutPart_;
   return part ? part->engine : nullptr;
 }
 
 // Also where the tree has lost its own and has not had to solve anything since.
-Ref<NSLayoutEngine> NSView::restoredLayoutEngine() {
+Ref<LayoutEngine> NSView::restoredLayoutEngine() {
   const auto& part = layoutRoot().layoutPart_;
-  return part && part->hasLostEngine ? Ref<NSLayoutEngine>(&madeLayoutEngine()) : layoutEngine();
+  return part && part->hasLostEngine ? Ref<LayoutEngine>(&madeLayoutEngine()) : layoutEngine();
 }
 
-NSLayoutEngine& NSView::madeLayoutEngine() {
+LayoutEngine& NSView::madeLayoutEngine() {
   NSView& root = layoutRoot();
   auto& part = root.layoutPart();
   if (part.engine) return *part.engine;
-  part.engine = make<NSLayoutEngine>(root);
+  part.engine = make<LayoutEngine>(root);
   if (std::exchange(part.hasLostEngine, false)) {
     for (const auto& constraint : root.heldConstraints()) part.engine->add(*constraint);
   }
@@ -99,7 +100,7 @@ NSLayoutEngine& NSView::madeLayoutEngine() {
 std::vector<Ref<NSLayoutConstraint>> NSView::heldConstraints() {
   std::vector<Ref<NSLayoutConstraint>> held;
   forLayoutParts(
-      [&](NSView&, NSLayoutPart& part) { held.insert(held.end(), part.held.begin(), part.held.end()); });
+      [&](NSView&, LayoutPart& part) { held.insert(held.end(), part.held.begin(), part.held.end()); });
   return held;
 }
 
@@ -118,7 +119,7 @@ void NSView::forLayoutParts(Visit&& visit) {
 
 // Constraints to the outside end; those within go along, to an engine of their own.
 void NSView::willLeaveLayoutTree() {
-  const Ref<NSLayoutEngine> engine = restoredLayoutEngine();
+  const Ref<LayoutEngine> engine = restoredLayoutEngine();
   if (!engine || &layoutRoot() == this) return;
   const auto held = heldConstraints();
   std::unordered_set<NSLayoutConstraint*> within;
@@ -143,7 +144,7 @@ void NSView::willLeaveLayoutTree() {
   // Views within before those around them, by whose variables their frames are told.
   for (auto item = items.rbegin(); item != items.rend(); ++item) engine->forget(**item);
   if (held.empty()) return;
-  layoutPart().engine = make<NSLayoutEngine>(*this);
+  layoutPart().engine = make<LayoutEngine>(*this);
   for (const auto& constraint : held) layoutPart_->engine->add(*constraint);
 }
 
@@ -213,7 +214,7 @@ void NSView::setContentCompressionResistancePriority(NSLayoutPriority priority,
 
 NSSize NSView::fittingSize() const {
   auto& self = const_cast<NSView&>(*this);  // the engine may set frames, but does not for this
-  const auto engine = make<NSLayoutEngine>(self, NSLayoutEngine::Purpose::fitting);
+  const auto engine = make<LayoutEngine>(self, LayoutEngine::Purpose::fitting);
   for (const auto& constraint : self.heldConstraints()) engine->add(*constraint);
   return engine->solvedSize();
 }

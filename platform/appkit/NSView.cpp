@@ -3,15 +3,15 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/appkit/NSAccessibilityTree.h"
 #include "platform/appkit/NSAnimationContext.h"
 #include "platform/appkit/NSApplication.h"
-#include "platform/appkit/NSColor.h"
-#include "platform/appkit/NSGraphicsContext.h"
-#include "platform/appkit/NSLayoutPart.h"
-#include "platform/appkit/NSShadow.h"
 #include "platform/appkit/NSTrackingArea.h"
 #include "platform/appkit/NSWindow.h"
+#include "platform/appkit/accessibility/AccessibilityTree.h"
+#include "platform/appkit/constraints/LayoutPart.h"
+#include "platform/appkit/drawing/NSColor.h"
+#include "platform/appkit/drawing/NSGraphicsContext.h"
+#include "platform/appkit/drawing/NSShadow.h"
 #include "platform/foundation/Fatal.h"
 #include "platform/quartzcore/Autoresizing.h"
 
@@ -73,7 +73,7 @@ void NSView::addSubview(Ref<NSView> view, NSViewOrdering positioned, const NSVie
   if (view->superview_.refersTo(this)) adoptLayerOfSubview(*view);
   view->markLayoutUpwards();
   view->markTrackingStale();
-  NSAccessibilityTree::childrenDidChange(*this);
+  AccessibilityTree::childrenDidChange(*this);
   if (!isHere) view->viewDidMoveToSuperview();
 }
 
@@ -101,7 +101,7 @@ void NSView::removeFromSuperview() {
   superview_ = nullptr;
   superviewIsFlipped_ = false;
   parent->subviewWasTaken(*this);
-  NSAccessibilityTree::childrenDidChange(*parent);
+  AccessibilityTree::childrenDidChange(*parent);
   if (layer_) layer_->removeFromSuperlayer();
   moveToWindow(nullptr);
   dropLayerUnlessWanted();
@@ -327,7 +327,7 @@ void NSView::setHidden(bool hidden) {
   if (layer_) layer_->setHidden(hidden);
   if (!hidden) markTrackingStale();
   if (const auto window = window_.lock()) window->activityDidChange();
-  if (const auto parent = superview_.lock()) NSAccessibilityTree::childrenDidChange(*parent);
+  if (const auto parent = superview_.lock()) AccessibilityTree::childrenDidChange(*parent);
 }
 
 bool NSView::isHiddenOrHasHiddenAncestor() const {

@@ -7,13 +7,13 @@
 
 #include "platform/appkit/NSLayoutItem.h"
 #include "platform/appkit/NSResponder.h"
-#include "platform/appkit/NSUserInterfaceLayoutDirection.h"
+#include "platform/appkit/text/NSUserInterfaceLayoutDirection.h"
 #include "platform/quartzcore/CALayer.h"
 #include "platform/quartzcore/CALayerDelegate.h"
 
 namespace bkuk {
 
-class NSLayoutEngine;
+class LayoutEngine;
 class NSLayoutGuide;
 class NSShadow;
 class NSTrackingArea;
@@ -280,9 +280,9 @@ class NSView : public NSResponder, public CALayerDelegate, public NSLayoutItem {
 
  private:
   friend class NSApplication;
-  friend class NSFocusRing;
+  friend class FocusRing;
   friend class NSLayoutConstraint;
-  friend class NSLayoutEngine;
+  friend class LayoutEngine;
   friend class NSWindow;
 
   [[nodiscard]] std::ptrdiff_t placeBeside(const NSView* sibling, NSViewOrdering positioned) const;
@@ -319,9 +319,9 @@ class NSView : public NSResponder, public CALayerDelegate, public NSLayoutItem {
   void layoutMarkedViews();
   void updateConstraints();
   [[nodiscard]] NSView& layoutRoot();
-  [[nodiscard]] Ref<NSLayoutEngine> layoutEngine();
-  [[nodiscard]] Ref<NSLayoutEngine> restoredLayoutEngine();
-  [[nodiscard]] NSLayoutEngine& madeLayoutEngine();
+  [[nodiscard]] Ref<LayoutEngine> layoutEngine();
+  [[nodiscard]] Ref<LayoutEngine> restoredLayoutEngine();
+  [[nodiscard]] LayoutEngine& madeLayoutEngine();
   [[nodiscard]] std::vector<Ref<NSLayoutConstraint>> heldConstraints();
   void willLeaveLayoutTree();
   void didEnterLayoutTree();

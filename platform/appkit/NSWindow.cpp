@@ -8,16 +8,16 @@
 #include "host/FrameClamp.h"
 #include "host/Host.h"
 #include "host/KeyCodes.h"
-#include "platform/appkit/NSAccessibilityTree.h"
 #include "platform/appkit/NSApplication.h"
 #include "platform/appkit/NSCursor.h"
-#include "platform/appkit/NSFocusRing.h"
-#include "platform/appkit/NSHostEvents.h"
 #include "platform/appkit/NSScreen.h"
-#include "platform/appkit/NSViewOrder.h"
-#include "platform/appkit/NSWindowFrameView.h"
-#include "platform/appkit/NSWindowMouseRouter.h"
-#include "platform/appkit/NSWindowTracking.h"
+#include "platform/appkit/accessibility/AccessibilityTree.h"
+#include "platform/appkit/window/FocusRing.h"
+#include "platform/appkit/window/HostEvents.h"
+#include "platform/appkit/window/ViewOrder.h"
+#include "platform/appkit/window/WindowFrameView.h"
+#include "platform/appkit/window/WindowMouseRouter.h"
+#include "platform/appkit/window/WindowTracking.h"
 #include "platform/foundation/CGRoundedUp.h"
 #include "platform/foundation/Fatal.h"
 #include "platform/foundation/NSRunLoop.h"
@@ -51,7 +51,7 @@ class NSWindow::HostClient : public host::WindowClient {
   }
   host::AccessibilityId accessibilityElement() override {
     const auto window = window_.lock();
-    return window ? NSAccessibilityTree::shared().idOf(*window) : 0;
+    return window ? AccessibilityTree::shared().idOf(*window) : 0;
   }
 
  private:
@@ -61,9 +61,9 @@ class NSWindow::HostClient : public host::WindowClient {
 NSWindow::NSWindow(NSRect contentRect, NSWindowStyleMask styleMask, NSBackingStoreType, bool)
     : styleMask_(styleMask),
       frame_(clamped(contentRect)),
-      mouse_(std::make_unique<NSWindowMouseRouter>(*this)),
-      tracking_(std::make_unique<NSWindowTracking>(*this)),
-      focusRing_(std::make_unique<NSFocusRing>(*this)),
+      mouse_(std::make_unique<WindowMouseRouter>(*this)),
+      tracking_(std::make_unique<WindowTracking>(*this)),
+      focusRing_(std::make_unique<FocusRing>(*this)),
       client_(std::make_unique<HostClient>(*this)) {}
 
 NSWindow::~NSWindow() = default;
@@ -71,7 +71,7 @@ NSWindow::~NSWindow() = default;
 void NSWindow::didInit() {
   NSResponder::didInit();
   NSApplication::shared().addWindow(*this);
-  frameView_ = make<NSWindowFrameView>(*this);
+  frameView_ = make<WindowFrameView>(*this);
   frameView_->moveToWindow(this);
   renderer_.setChangeHandler([this] { setNeedsCommit(); });
   renderer_.setLayer(frameView_->layer());
@@ -365,7 +365,7 @@ void NSWindow::giveKeyboard(const Ref<NSResponder>& next) {
 void NSWindow::firstResponderDidChange() {
   activityDidChange();
   focusRing_->setNeedsUpdate();
-  if (isKeyWindow()) NSAccessibilityTree::shared().postFocus(*this);
+  if (isKeyWindow()) AccessibilityTree::shared().postFocus(*this);
 }
 
 void NSWindow::selectKeyView(Ref<NSView> (NSView::*valid)() const) {
@@ -381,7 +381,7 @@ void NSWindow::selectKeyView(Ref<NSView> (NSView::*valid)() const) {
 
 // Where the keyboard enters a loop that nobody has entered yet.
 Ref<NSView> NSWindow::endOfLoop(Ref<NSView> (NSView::*valid)() const) const {
-  const auto order = NSViewsInReadingOrder(*frameView_);
+  const auto order = viewsInReadingOrder(*frameView_);
   if (order.empty()) return nullptr;
   const bool isForward = valid == &NSView::nextValidKeyView;
   const auto& end = isForward ? order.front() : order.back();
@@ -390,7 +390,7 @@ Ref<NSView> NSWindow::endOfLoop(Ref<NSView> (NSView::*valid)() const) const {
 
 void NSWindow::recalculateKeyViewLoop() {
   keyViewLoopIsStale_ = false;
-  const auto order = NSViewsInReadingOrder(*frameView_);
+  const auto order = viewsInReadingOrder(*frameView_);
   for (std::size_t i = 0; i < order.size(); ++i)
     order[i]->setNextKeyView(order[(i + 1) % order.size()].get());
 }
@@ -446,7 +446,7 @@ void NSWindow::handle(const host::WindowEvent& event) {
   if (std::holds_alternative<host::ScaleEvent>(event)) return adoptScale();
   if (std::holds_alternative<host::CloseEvent>(event)) return performClose();
   if (std::holds_alternative<host::DismissEvent>(event)) return orderOut();
-  if (const auto sent = NSEventFromHost(event, *this)) NSApplication::shared().sendEvent(*sent);
+  if (const auto sent = eventFromHost(event, *this)) NSApplication::shared().sendEvent(*sent);
 }
 
 void NSWindow::handlePointer(const host::PointerEvent& event) {
@@ -456,7 +456,7 @@ void NSWindow::handlePointer(const host::PointerEvent& event) {
   const bool isEnd = event.kind == Kind::release || event.kind == Kind::cancel;
   if (!isEnd) followPointer(event);
   const bool isCrossing = event.kind == Kind::enter || event.kind == Kind::leave;
-  const auto sent = isCrossing ? nullptr : NSEventFromHost(event, *this);
+  const auto sent = isCrossing ? nullptr : eventFromHost(event, *this);
   if (sent) NSApplication::shared().sendEvent(*sent);
   if (isEnd) followPointer(event);
 }
@@ -465,10 +465,10 @@ void NSWindow::followPointer(const host::PointerEvent& event) {
   using Kind = host::PointerEvent::Kind;
   const bool isEnd = event.kind == Kind::release || event.kind == Kind::cancel;
   tracking_->follow({
-      .location = NSBaseLocation(event.position, *this),
+      .location = baseLocation(event.position, *this),
       .isInWindow = event.kind != Kind::leave,
       .isButtonDown = !isEnd && event.button != host::PointerButton::none,
-      .modifierFlags = NSEventModifierFlagsFromHost(event.modifiers),
+      .modifierFlags = modifierFlagsFromHost(event.modifiers),
       .timestamp = event.timestamp,
   });
 }

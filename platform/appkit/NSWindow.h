@@ -5,18 +5,18 @@
 #include <vector>
 
 #include "host/Window.h"
-#include "platform/appkit/NSColor.h"
 #include "platform/appkit/NSView.h"
+#include "platform/appkit/drawing/NSColor.h"
 #include "platform/foundation/NSNotificationCenter.h"
 #include "platform/quartzcore/CARenderer.h"
 
 namespace bkuk {
 
 class NSCursor;
-class NSFocusRing;
+class FocusRing;
 class NSTrackingArea;
-class NSWindowMouseRouter;
-class NSWindowTracking;
+class WindowMouseRouter;
+class WindowTracking;
 
 /// What a window is made of; a sum of bits.
 using NSWindowStyleMask = unsigned;
@@ -197,11 +197,11 @@ class NSWindow : public NSResponder {
  private:
   friend class NSApplication;
   friend class NSCursor;
-  friend class NSFocusRing;
+  friend class FocusRing;
   friend class NSView;
-  friend class NSWindowFrameView;
-  friend class NSWindowMouseRouter;
-  friend class NSWindowTracking;
+  friend class WindowFrameView;
+  friend class WindowMouseRouter;
+  friend class WindowTracking;
   class HostClient;
 
   void makeHostWindow();
@@ -264,9 +264,9 @@ class NSWindow : public NSResponder {
   bool autorecalculatesKeyViewLoop_ = false;
   bool keyViewLoopIsStale_ = true;
   bool activityIsStale_ = false;
-  std::unique_ptr<NSWindowMouseRouter> mouse_;
-  std::unique_ptr<NSWindowTracking> tracking_;
-  std::unique_ptr<NSFocusRing> focusRing_;
+  std::unique_ptr<WindowMouseRouter> mouse_;
+  std::unique_ptr<WindowTracking> tracking_;
+  std::unique_ptr<FocusRing> focusRing_;
   std::unique_ptr<HostClient> client_;
   std::unique_ptr<host::Window> hostWindow_;  // last: it goes first, and with it the calls to the client
 };

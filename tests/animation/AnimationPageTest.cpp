@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "gallery/brand/Brand.h"
-#include "gallery/pages/AnimationPage.h"
+#include "gallery/pages/animation/AnimationPage.h"
 #include "testing/VirtualHostScope.h"
 
 namespace bkuk::gallery {

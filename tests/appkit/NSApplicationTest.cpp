@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/appkit/NSApplication.h"
-#include "platform/appkit/NSImage.h"
+#include "platform/appkit/drawing/NSImage.h"
 #include "platform/foundation/NSKeyValueObservation.h"
 #include "testing/VirtualHostScope.h"
 #include "tests/appkit/RecordingView.h"

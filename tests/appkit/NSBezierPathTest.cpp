@@ -3,9 +3,9 @@
 #include <gtest/gtest.h>
 #include <limits>
 
-#include "platform/appkit/NSBezierPath.h"
-#include "platform/appkit/NSColor.h"
-#include "platform/appkit/NSGraphicsContext.h"
+#include "platform/appkit/drawing/NSBezierPath.h"
+#include "platform/appkit/drawing/NSColor.h"
+#include "platform/appkit/drawing/NSGraphicsContext.h"
 #include "tests/coregraphics/Picture.h"
 #include "tests/support/StopLine.h"
 

@@ -3,8 +3,8 @@
 #include <limits>
 #include <vector>
 
-#include "platform/appkit/NSColor.h"
-#include "platform/appkit/NSGraphicsContext.h"
+#include "platform/appkit/drawing/NSColor.h"
+#include "platform/appkit/drawing/NSGraphicsContext.h"
 #include "platform/foundation/NSCoder.h"
 #include "platform/foundation/NSKeyedArchiver.h"
 #include "platform/foundation/NSKeyedUnarchiver.h"

@@ -6,11 +6,11 @@
 #include <unistd.h>
 
 #include "host/PngFile.h"
-#include "platform/appkit/NSBezierPath.h"
-#include "platform/appkit/NSColor.h"
-#include "platform/appkit/NSImage.h"
 #include "platform/appkit/NSImageView.h"
 #include "platform/appkit/NSWindow.h"
+#include "platform/appkit/drawing/NSBezierPath.h"
+#include "platform/appkit/drawing/NSColor.h"
+#include "platform/appkit/drawing/NSImage.h"
 #include "platform/foundation/NSBundle.h"
 #include "testing/VirtualHostScope.h"
 

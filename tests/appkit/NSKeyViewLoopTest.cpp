@@ -2,10 +2,10 @@
 #include <gtest/gtest.h>
 
 #include "platform/appkit/NSApplication.h"
-#include "platform/appkit/NSColor.h"
 #include "platform/appkit/NSControl.h"
-#include "platform/appkit/NSViewOrder.h"
 #include "platform/appkit/NSWindow.h"
+#include "platform/appkit/drawing/NSColor.h"
+#include "platform/appkit/window/ViewOrder.h"
 #include "testing/VirtualHostScope.h"
 
 namespace bkuk {
@@ -70,10 +70,10 @@ TEST_F(KeyViewLoop, RowsStartAtTheLeadingSideAndGroupsStayTogether) {
   const auto inner = make<Stop>(NSRect(5, 5, 10, 10));
   group->addSubview(inner);
   window->contentView()->addSubview(group);
-  EXPECT_THAT(NSViewsInReadingOrder(*window->contentView()),
+  EXPECT_THAT(viewsInReadingOrder(*window->contentView()),
               ElementsAre(upperLeft, group, inner, upperRight, lowerLeft, lowerRight));
   window->contentView()->setUserInterfaceLayoutDirection(NSUserInterfaceLayoutDirection::rightToLeft);
-  EXPECT_THAT(NSViewsInReadingOrder(*window->contentView()),
+  EXPECT_THAT(viewsInReadingOrder(*window->contentView()),
               ElementsAre(upperRight, group, inner, upperLeft, lowerRight, lowerLeft));
 }
 

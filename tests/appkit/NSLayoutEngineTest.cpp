@@ -19,7 +19,7 @@ void pin(NSView& view, CGFloat inset) {
   activated(view.bottomAnchor()->constraintEqualTo(parent->bottomAnchor(), -inset));
 }
 
-TEST(NSLayoutEngine, FollowsTheWindowThroughTheMasksOfTheViewsBetween) {
+TEST(LayoutEngine, FollowsTheWindowThroughTheMasksOfTheViewsBetween) {
   const VirtualHostScope host;
   LayoutFixture fixture;  // 200 by 100 at (50, 20) in 400 by 300
   fixture.root->setAutoresizingMask(NSViewWidthSizable | NSViewMinYMargin);
@@ -36,7 +36,7 @@ TEST(NSLayoutEngine, FollowsTheWindowThroughTheMasksOfTheViewsBetween) {
   EXPECT_EQ(view->frame(), NSRect(10, 10, 280, 80));
 }
 
-TEST(NSLayoutEngine, HearsOfViewsBetweenThatNoConstraintNames) {
+TEST(LayoutEngine, HearsOfViewsBetweenThatNoConstraintNames) {
   const VirtualHostScope host;
   LayoutFixture fixture;
   const auto between = make<LayoutView>(NSRect(20, 0, 100, 100));
@@ -56,7 +56,7 @@ TEST(NSLayoutEngine, HearsOfViewsBetweenThatNoConstraintNames) {
   EXPECT_EQ(inner->frame().origin.x, 15);
 }
 
-TEST(NSLayoutEngine, LaysOutOnlyWhatChanged) {
+TEST(LayoutEngine, LaysOutOnlyWhatChanged) {
   const VirtualHostScope host;
   LayoutFixture fixture;
   const auto left = placedView(*fixture.root);
@@ -79,7 +79,7 @@ TEST(NSLayoutEngine, LaysOutOnlyWhatChanged) {
   EXPECT_EQ(left->layouts, leftBefore + 1);
 }
 
-TEST(NSLayoutEngine, TheTurnEndSolves) {
+TEST(LayoutEngine, TheTurnEndSolves) {
   const VirtualHostScope host;
   LayoutFixture fixture;
   fixture.window->orderFront();
@@ -95,7 +95,7 @@ TEST(NSLayoutEngine, TheTurnEndSolves) {
   EXPECT_EQ(view->frame().size.width, 80);
 }
 
-TEST(NSLayoutEngine, LayoutMayChangeConstraintsAndTheTree) {
+TEST(LayoutEngine, LayoutMayChangeConstraintsAndTheTree) {
   const VirtualHostScope host;
   LayoutFixture fixture;
   const auto panel = placedView(*fixture.root);
@@ -119,7 +119,7 @@ TEST(NSLayoutEngine, LayoutMayChangeConstraintsAndTheTree) {
   EXPECT_TRUE(width->isActive());
 }
 
-TEST(NSLayoutEngine, AVeryDeepTreeIsSolvedWithoutRecursion) {
+TEST(LayoutEngine, AVeryDeepTreeIsSolvedWithoutRecursion) {
   const VirtualHostScope host;
   LayoutFixture fixture;
   fixture.window->setContentSize({30'000, 30'000});
@@ -137,7 +137,7 @@ TEST(NSLayoutEngine, AVeryDeepTreeIsSolvedWithoutRecursion) {
   EXPECT_EQ(innermost->frame(), NSRect(1, 1, 110, 110));
 }
 
-TEST(NSLayoutEngine, FittingSizeIsTheLeastThatTheContentAdmits) {
+TEST(LayoutEngine, FittingSizeIsTheLeastThatTheContentAdmits) {
   const VirtualHostScope host;
   LayoutFixture fixture;
   EXPECT_EQ(fixture.root->fittingSize(), (NSSize{0, 0}));
@@ -149,7 +149,7 @@ TEST(NSLayoutEngine, FittingSizeIsTheLeastThatTheContentAdmits) {
   EXPECT_EQ(view->frame().size, (NSSize{180, 80}));
 }
 
-TEST(NSLayoutEngine, SenselessNumbersOfViewsAreHarmless) {
+TEST(LayoutEngine, SenselessNumbersOfViewsAreHarmless) {
   const VirtualHostScope host;
   LayoutFixture fixture;
   const double nan = std::numeric_limits<double>::quiet_NaN();
@@ -165,7 +165,7 @@ TEST(NSLayoutEngine, SenselessNumbersOfViewsAreHarmless) {
 
 // The engine went with the root; what leaves before a new one is needed must end its constraints all the
 // same.
-TEST(NSLayoutEngine, AViewLeavesATreeThatHasLostItsRoot) {
+TEST(LayoutEngine, AViewLeavesATreeThatHasLostItsRoot) {
   const VirtualHostScope host;
   auto root = make<NSView>();
   const auto home = make<NSView>(NSRect(0, 0, 100, 100));
@@ -184,7 +184,7 @@ TEST(NSLayoutEngine, AViewLeavesATreeThatHasLostItsRoot) {
   EXPECT_EQ(b->frame().origin.x, 7);
 }
 
-TEST(NSLayoutEngine, ASizeThatInvalidatesItselfWhileItIsAskedIsItsAnswer) {
+TEST(LayoutEngine, ASizeThatInvalidatesItselfWhileItIsAskedIsItsAnswer) {
   class Restless : public NSView {
    public:
     std::function<void()> onAsk;

@@ -1,10 +1,10 @@
 #include <gtest/gtest.h>
 
-#include "platform/appkit/NSColor.h"
-#include "platform/appkit/NSFont.h"
-#include "platform/appkit/NSGraphicsContext.h"
-#include "platform/appkit/NSLayoutManager.h"
-#include "platform/appkit/NSParagraphStyle.h"
+#include "platform/appkit/drawing/NSColor.h"
+#include "platform/appkit/drawing/NSGraphicsContext.h"
+#include "platform/appkit/text/NSFont.h"
+#include "platform/appkit/text/NSLayoutManager.h"
+#include "platform/appkit/text/NSParagraphStyle.h"
 #include "tests/coregraphics/Picture.h"
 
 namespace bkuk {

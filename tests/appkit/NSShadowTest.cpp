@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "platform/appkit/NSColor.h"
-#include "platform/appkit/NSGraphicsContext.h"
-#include "platform/appkit/NSShadow.h"
+#include "platform/appkit/drawing/NSColor.h"
+#include "platform/appkit/drawing/NSGraphicsContext.h"
+#include "platform/appkit/drawing/NSShadow.h"
 #include "testing/VirtualHostScope.h"
 #include "tests/appkit/ShownView.h"
 #include "tests/coregraphics/Picture.h"

@@ -1,20 +1,20 @@
 #include <functional>
 #include <gtest/gtest.h>
 
-#include "platform/appkit/NSParagraphStyle.h"
-#include "platform/appkit/NSTextStorage.h"
+#include "platform/appkit/text/NSParagraphStyle.h"
+#include "platform/appkit/text/NSTextStorage.h"
 #include "tests/support/StopLine.h"
 
 namespace bkuk {
 namespace {
 
-struct Listener : NSTextStorageListener {
+struct Listener : TextStorageListener {
   NSTextStorage* storage = nullptr;
-  std::vector<NSTextStorageEdit> edits;
+  std::vector<TextStorageEdit> edits;
   std::function<void(NSTextStorage&)> react;
 
   void setTextStorage(NSTextStorage* its) override { storage = its; }
-  void processEditing(NSTextStorage& edited, const NSTextStorageEdit& edit) override {
+  void processEditing(NSTextStorage& edited, const TextStorageEdit& edit) override {
     EXPECT_LE(NSMaxRange(edit.editedRange), edited.length());
     edits.push_back(edit);
     if (const auto once = std::exchange(react, nullptr)) once(edited);

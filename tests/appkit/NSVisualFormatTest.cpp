@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "platform/appkit/NSVisualFormat.h"
+#include "platform/appkit/constraints/VisualFormat.h"
 #include "testing/VirtualHostScope.h"
 #include "tests/appkit/LayoutFixture.h"
 #include "tests/support/StopLine.h"
@@ -29,7 +29,7 @@ struct Drawing {
   }
 };
 
-TEST(NSVisualFormat, PlacesWhatItDraws) {
+TEST(VisualFormat, PlacesWhatItDraws) {
   Drawing drawing;
   auto frames = drawing.laidOut("|-[a]-[b(30)]-gap-[c(==a)]-(>=4@high,<=60)-|");
   EXPECT_EQ(frames[0].minX(), 20);
@@ -45,7 +45,7 @@ TEST(NSVisualFormat, PlacesWhatItDraws) {
   EXPECT_EQ(frames[2], NSRect(0, 55, 30, 30));
 }
 
-TEST(NSVisualFormat, RunsAsToldOrAsTheTextDoes) {
+TEST(VisualFormat, RunsAsToldOrAsTheTextDoes) {
   Drawing drawing;
   drawing.fixture.root->setUserInterfaceLayoutDirection(NSUserInterfaceLayoutDirection::rightToLeft);
   EXPECT_EQ(drawing.laidOut("|-5-[a]-7-[b]")[1].minX(), 128);
@@ -54,12 +54,12 @@ TEST(NSVisualFormat, RunsAsToldOrAsTheTextDoes) {
   EXPECT_EQ(drawing.laidOut("|-5-[a]-7-[b]", NSLayoutFormatDirectionRightToLeft)[1].minX(), 128);
 }
 
-TEST(NSVisualFormat, WhatCannotBeReadStopsAtItsPlace) {
+TEST(VisualFormat, WhatCannotBeReadStopsAtItsPlace) {
   Drawing drawing;
   for (const auto* format :
        {"", "|", "|-|", "[a", "[]", "[a(]", "[a(1)", "[a]-", "[a]-5[b]", "[a]-(1-[b]", "|[a]|[b]", "[a]--[b]",
         "[a(=1)]", "[a(1@)]", "[a]-inf-[b]x", "V;[a]", "[a(-)]"}) {
-    EXPECT_TRUE(std::holds_alternative<NSVisualFormat::Error>(NSVisualFormat::parse(format))) << format;
+    EXPECT_TRUE(std::holds_alternative<VisualFormat::Error>(VisualFormat::parse(format))) << format;
   }
   const auto stop = stopLine([&] { drawing.laidOut("[a]-5[b]"); });
   ASSERT_TRUE(stop);

@@ -3,7 +3,7 @@
 
 #include "BrenvikUIKit/colour/BKUKNSColor+Extensions.h"
 #include "BrenvikUIKit/colour/BKUKThemedColor.h"
-#include "platform/appkit/NSGraphicsContext.h"
+#include "platform/appkit/drawing/NSGraphicsContext.h"
 #include "platform/foundation/NSCoder.h"
 #include "platform/foundation/NSKeyedArchiver.h"
 #include "platform/foundation/NSKeyedUnarchiver.h"

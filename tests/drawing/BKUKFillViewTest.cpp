@@ -5,7 +5,7 @@
 #include "BrenvikUIKit/drawing/BKUKGradientView.h"
 #include "BrenvikUIKit/drawing/BKUKLineStyle.h"
 #include "platform/appkit/NSLayoutConstraint.h"
-#include "platform/appkit/NSShadow.h"
+#include "platform/appkit/drawing/NSShadow.h"
 #include "tests/drawing/WindowFixture.h"
 
 namespace bkuk {

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "gallery/brand/Brand.h"
-#include "gallery/pages/LabelPage.h"
+#include "gallery/pages/label/LabelPage.h"
 #include "testing/VirtualHostScope.h"
 #include "testing/VirtualScreenReader.h"
 

@@ -2,8 +2,8 @@
 #include <gtest/gtest.h>
 
 #include "gallery/brand/Brand.h"
-#include "gallery/pages/MarkupEditor.h"
-#include "gallery/pages/MarkupPage.h"
+#include "gallery/pages/markup/MarkupEditor.h"
+#include "gallery/pages/markup/MarkupPage.h"
 #include "testing/VirtualHostScope.h"
 #include "testing/VirtualScreenReader.h"
 

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "host/AppearanceRelay.h"
+#include "host/support/AppearanceRelay.h"
 
 namespace bkuk::host {
 namespace {

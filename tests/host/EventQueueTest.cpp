@@ -1,6 +1,6 @@
 #include <gmock/gmock.h>
 
-#include "host/EventQueue.h"
+#include "host/support/EventQueue.h"
 #include "testing/VirtualHost.h"
 
 namespace bkuk::host {

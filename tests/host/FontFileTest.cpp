@@ -5,8 +5,8 @@
 #include <iterator>
 #include <string>
 
-#include "host/FontFile.h"
-#include "host/qt/QtFonts.h"
+#include "host/qt/text/QtFonts.h"
+#include "host/support/FontFile.h"
 
 namespace bkuk::host {
 namespace {

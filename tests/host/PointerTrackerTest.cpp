@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "host/PointerTracker.h"
+#include "host/support/PointerTracker.h"
 
 namespace bkuk::host {
 namespace {

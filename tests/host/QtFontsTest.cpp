@@ -2,7 +2,7 @@
 #include <limits>
 
 #include "host/qt/QtCanvas.h"
-#include "host/qt/QtFonts.h"
+#include "host/qt/text/QtFonts.h"
 
 namespace bkuk::host {
 namespace {

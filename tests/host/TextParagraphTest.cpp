@@ -3,8 +3,8 @@
 #include <set>
 
 #include "host/qt/QtCanvas.h"
-#include "host/qt/QtFonts.h"
-#include "host/qt/QtTextLine.h"
+#include "host/qt/text/QtFonts.h"
+#include "host/qt/text/QtTextLine.h"
 
 namespace bkuk::host {
 namespace {

@@ -5,7 +5,7 @@
 
 #include "BrenvikUIKit/animation/BKUKAnimate.h"
 #include "platform/appkit/NSApplication.h"
-#include "platform/appkit/NSFont.h"
+#include "platform/appkit/text/NSFont.h"
 #include "testing/VirtualScreenReader.h"
 
 namespace bkuk::soak {

@@ -5,7 +5,7 @@
 #include "BrenvikUIKit/text/BKUKAttributedTextXMLFactory.h"
 #include "BrenvikUIKit/text/BKUKFontLoader.h"
 #include "BrenvikUIKit/text/BKUKStatefulFonts.h"
-#include "platform/appkit/NSParagraphStyle.h"
+#include "platform/appkit/text/NSParagraphStyle.h"
 #include "testing/VirtualHostScope.h"
 
 namespace bkuk {

@@ -8,7 +8,7 @@
 #include "BrenvikUIKit/text/BKUKFontLoader.h"
 #include "BrenvikUIKit/text/BKUKFontManager.h"
 #include "BrenvikUIKit/text/FontKey.h"
-#include "platform/appkit/NSParagraphStyle.h"
+#include "platform/appkit/text/NSParagraphStyle.h"
 #include "platform/foundation/NSUserDefaults.h"
 #include "testing/VirtualHostScope.h"
 #include "tests/support/StopLine.h"

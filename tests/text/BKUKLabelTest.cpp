@@ -5,10 +5,10 @@
 
 #include "BrenvikUIKit/text/BKUKLabel.h"
 #include "BrenvikUIKit/text/BKUKNSTextField+Extensions.h"
-#include "host/FontFile.h"
+#include "host/support/FontFile.h"
 #include "platform/appkit/NSApplication.h"
-#include "platform/appkit/NSGraphicsContext.h"
 #include "platform/appkit/NSLayoutConstraint.h"
+#include "platform/appkit/drawing/NSGraphicsContext.h"
 #include "platform/coretext/CTFontManager.h"
 #include "tests/support/StopLine.h"
 #include "tests/text/LabelFixture.h"
@@ -234,9 +234,9 @@ TEST_F(BKUKLabelTest, AnOperatorReplacesWhatIsMarked) {
             NSColor::red().get());
 }
 
-struct EditCounter : NSTextStorageListener {
+struct EditCounter : TextStorageListener {
   void setTextStorage(NSTextStorage*) override {}
-  void processEditing(NSTextStorage&, const NSTextStorageEdit&) override { ++count; }
+  void processEditing(NSTextStorage&, const TextStorageEdit&) override { ++count; }
   int count = 0;
 };
 

@@ -3,7 +3,7 @@
 #include "BrenvikUIKit/text/BKUKFontLoader.h"
 #include "BrenvikUIKit/text/BKUKFontManager.h"
 #include "BrenvikUIKit/text/BKUKNSAttributedString+Extensions.h"
-#include "platform/appkit/NSParagraphStyle.h"
+#include "platform/appkit/text/NSParagraphStyle.h"
 #include "testing/VirtualHostScope.h"
 
 namespace bkuk {

@@ -7,7 +7,7 @@
 #include "BrenvikUIKit/interaction/BKUKWindow.h"
 #include "BrenvikUIKit/text/BKUKFontLoader.h"
 #include "BrenvikUIKit/text/BKUKFontManager.h"
-#include "platform/appkit/NSColor.h"
+#include "platform/appkit/drawing/NSColor.h"
 #include "testing/VirtualHostScope.h"
 
 namespace bkuk {

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/appkit/NSLayoutManager.h"
-#include "platform/appkit/NSTextContainer.h"
-#include "platform/appkit/NSTextStorage.h"
+#include "platform/appkit/text/NSLayoutManager.h"
+#include "platform/appkit/text/NSTextContainer.h"
+#include "platform/appkit/text/NSTextStorage.h"
 #include "platform/foundation/NSStringDrawingOptions.h"
 
 namespace bkuk {

@@ -1,0 +1,29 @@
+#include "host/qt/text/QtRawFonts.h"
+
+#include <algorithm>
+
+namespace bkuk::host {
+
+namespace {
+
+// Sizes that run through many values must not pile up; lines keep what they draw with.
+constexpr std::size_t mostSizes = 256;
+
+}  // namespace
+
+std::uint32_t QtRawFonts::number(const QRawFont& font) {
+  const auto found = std::ranges::find(faces_, font);
+  if (found != faces_.end()) return static_cast<std::uint32_t>(found - faces_.begin());
+  faces_.push_back(font);
+  return static_cast<std::uint32_t>(faces_.size() - 1);
+}
+
+QRawFont QtRawFonts::at(std::uint32_t number, double size) {
+  if (const auto found = sized_.find({number, size}); found != sized_.end()) return found->second;
+  if (sized_.size() >= mostSizes) sized_.clear();
+  QRawFont font = faces_[number];
+  font.setPixelSize(size);
+  return sized_[{number, size}] = font;
+}
+
+}  // namespace bkuk::host

@@ -1,0 +1,13 @@
+#include "host/support/AppearanceRelay.h"
+
+namespace bkuk::host {
+
+bool AppearanceRelay::deliver() {
+  if (!hasChange()) return false;
+  current_ = announced_;
+  // A copy, because the handler may replace itself.
+  if (const auto changed = changed_) changed();
+  return true;
+}
+
+}  // namespace bkuk::host
