@@ -1,7 +1,6 @@
 #include "platform/quartzcore/compositor/LayerSight.h"
 
 #include <cstdint>
-#include <ranges>
 #include <unordered_map>
 #include <vector>
 
@@ -62,9 +61,9 @@ class Surroundings {
     std::vector<const CALayer*> unknown;
     const auto* each = &layer;
     for (; each && !known_.contains(each); each = LayerAccess::container(*each)) unknown.push_back(each);
-    for (const auto* next : unknown | std::views::reverse) {
-      known_[next] = insideOf(*next, each ? known_[each] : aroundRoot(*next), time_);
-      each = next;
+    for (auto next = unknown.rbegin(); next != unknown.rend(); ++next) {
+      known_[*next] = insideOf(**next, each ? known_[each] : aroundRoot(**next), time_);
+      each = *next;
     }
     return known_[&layer];
   }
