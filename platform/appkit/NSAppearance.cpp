@@ -51,7 +51,7 @@ Ref<NSAppearance> NSAppearance::named(std::string_view name) {
   const Kind* kind = findKind(name);
   if (!kind) return make<NSAppearance>(name);
   auto& appearance = known[static_cast<std::size_t>(kind - kinds.data())];
-  if (!appearance) appearance = permanent([&] { return make<NSAppearance>(name); });
+  if (!appearance) appearance = permanentObject<NSAppearance>(name);
   return appearance;
 }
 

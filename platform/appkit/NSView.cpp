@@ -270,7 +270,9 @@ bool NSView::stepToCandidate(std::size_t& index, const NSPoint& point) const {
 // Trees are deep and this is called once a level: what it needs of the stack is kept small.
 Ref<NSView> NSView::hitTest(NSPoint point) {
   if (!mayHit(point)) return nullptr;
-  if (superview_.isAlive()) point = placementInSuperview().undo(point);
+  point = [this](const NSPoint& place) {
+    return superview_.isAlive() ? placementInSuperview().undo(place) : place;
+  }(point);
   Ref<NSView> hit;
   for (std::size_t index = subviews_.size(); !hit && stepToCandidate(index, point);) {
     hit = subviews_[index];

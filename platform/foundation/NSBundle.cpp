@@ -61,7 +61,7 @@ void NSBundle::setMain(std::string_view resourcePath) { registry().main = &bundl
 NSBundle& NSBundle::bundle(std::string_view resourcePath) {
   const auto path = normalized(resourcePath);
   auto& bundle = registry().bundles[path];
-  if (!bundle) bundle = permanent([&] { return make<NSBundle>(path); });
+  if (!bundle) bundle = permanentObject<NSBundle>(path);
   return *bundle;
 }
 

@@ -8,6 +8,7 @@
 #include "BrenvikUIKit/colour/BKUKNSColor+Extensions.h"
 #include "BrenvikUIKit/colour/BKUKTheme.h"
 #include "BrenvikUIKit/colour/BKUKThemeColorsFusion.h"
+#include "BrenvikUIKit/colour/BKUKThemedColor.h"
 #include "tests/colour/AppearanceFixture.h"
 #include "tests/support/StopLine.h"
 
@@ -172,7 +173,11 @@ TEST_F(BKUKThemeTest, AReadAndItsResolutionAllocateOnlyWhatThePaletteMakes) {
   (void)BKUKTheme::accent()->redComponent();
   const std::size_t fused = allocations;
   (void)BKUKTheme::accent()->redComponent();
-  EXPECT_EQ(allocations - fused, 1U) << "the themed colour";
+  const std::size_t read = allocations - fused;
+  const auto black = NSColor::black();
+  const std::size_t direct = allocations;
+  (void)make<BKUKThemedColor>(black);
+  EXPECT_EQ(read, allocations - direct) << "one themed colour";
 }
 
 }  // namespace

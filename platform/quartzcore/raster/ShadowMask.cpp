@@ -2,6 +2,7 @@
 
 #include "platform/coregraphics/CGContext.h"
 #include "platform/coregraphics/GaussianBlur.h"
+#include "platform/foundation/Weak.h"
 #include "platform/quartzcore/raster/PixelRuns.h"
 #include "platform/quartzcore/raster/RecentlyUsed.h"
 #include "platform/quartzcore/raster/RoundedBoxRaster.h"
@@ -72,11 +73,15 @@ struct BoxKey {
 };
 
 struct PathKey {
-  Ref<CGPath> path;
+  Weak<CGPath> path;  // the mask of a path that has gone is never asked for again
   CGAffineTransform toMask;
   double sigma;
   PixelSize size;
-  bool operator==(const PathKey&) const = default;
+
+  bool operator==(const PathKey& other) const {
+    return sigma == other.sigma && size == other.size && toMask == other.toMask &&
+           path.refersTo(other.path.lock().get());
+  }
 };
 
 host::Bitmap pictureOf(const RoundedBox& box) {
@@ -86,12 +91,12 @@ host::Bitmap pictureOf(const RoundedBox& box) {
   return image;
 }
 
-host::Bitmap pictureOf(const PathKey& key) {
+host::Bitmap pictureOf(const CGPath& path, const PathKey& key) {
   host::Bitmap image(key.size);
   if (image.isEmpty()) return image;
   const auto context = make<CGContext>(image, key.toMask);
   context->setFillColor(CGColor::black());
-  context->addPath(*key.path);
+  context->addPath(path);
   context->fillPath();
   return image;
 }
@@ -134,7 +139,7 @@ ShadowMask::Placed ShadowMask::ofPath(const Ref<CGPath>& path, const CGAffineTra
                     sigma,
                     {shape.width, shape.height}};
   if (const auto* found = kept.find(key)) return {*found, rect};
-  const auto mask = std::make_shared<const ShadowMask>(ShadowMask(pictureOf(key), sigma));
+  const auto mask = std::make_shared<const ShadowMask>(ShadowMask(pictureOf(*path, key), sigma));
   kept.add(key, mask, mask->byteCount());
   return {mask, rect};
 }
