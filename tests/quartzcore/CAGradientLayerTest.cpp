@@ -79,6 +79,29 @@ TEST_F(CAGradientLayerPainting, IsRoundedLikeABackground) {
   EXPECT_NE(window.pixel(40, 0), whitePixel);
 }
 
+TEST_F(CAGradientLayerPainting, ThePartThatIsDamagedLooksAsInTheWhole) {
+  gradient->setCornerRadius(9);
+  const auto cover = window.add({0, 0, 3, 3}, black());
+  for (const auto angle : {0.0, 0.7}) {
+    gradient->setAffineTransform(CGAffineTransform::rotation(angle));
+    for (int i = 0; i < 300; ++i) {
+      cover->setFrame({i % 20 * 4.0, i / 20 * 2.6, 3, 3});
+      window.update();
+    }
+    const auto picture = [&] {
+      const auto& image = window.renderer.image();
+      return std::vector(image.pixels(), image.pixels() + 80 * 40);
+    };
+    cover->setHidden(true);
+    window.update();
+    const auto inParts = picture();
+    window.renderer.setNeedsRenderAll();
+    window.update();
+    EXPECT_EQ(inParts, picture());
+    cover->setHidden(false);
+  }
+}
+
 TEST_F(CAGradientLayerPainting, OddLocationsAndPointsDoNoHarm) {
   constexpr auto nan = std::numeric_limits<double>::quiet_NaN();
   constexpr auto infinity = std::numeric_limits<double>::infinity();

@@ -8,12 +8,11 @@
 #include "platform/quartzcore/raster/PixelRuns.h"
 #include "platform/quartzcore/raster/RoundedBoxRaster.h"
 #include "platform/quartzcore/raster/ShadowMask.h"
+#include "platform/quartzcore/raster/TiledPainting.h"
 
 namespace bkuk {
 
 namespace {
-
-constexpr int tileSide = 64;
 
 CGRect toRect(const PixelRect& rect) {
   return {static_cast<CGFloat>(rect.x), static_cast<CGFloat>(rect.y), static_cast<CGFloat>(rect.width),
@@ -62,6 +61,22 @@ void clipToBox(CGContext& context, const CALayer& layer, const LayerBox& box) {
   context.addPath(*box.path(layer));
   context.clip();
   context.concatenate(toDevice.inverted());
+}
+
+// What of the device the layer's own painting is cut to.
+RoundedBox outlineOfPaint(const CALayer& layer, const LayerBox& box) {
+  if (LayerAccess::cutsPaintToBounds(layer) && box.isUniform) return box.shape;
+  return {box.pixelsOfPaint(LayerAccess::paintedBox(layer)), 0, 0};
+}
+
+// `path` is in the space of the box's paths.
+void fillPath(CGContext& context, const LayerBox& box, const Ref<CGColor>& color, const CGPath& path,
+              double alpha) {
+  context.concatenate(box.pathToDevice());
+  context.setAlpha(alpha);
+  context.setFillColor(color);
+  context.addPath(path);
+  context.fillPath();
 }
 
 void applyMask(const PixelTarget& target, const PixelTarget& mask) {
@@ -146,26 +161,18 @@ void ScenePainter::paintItem(const Scene& scene, const Item& item) {
 
 void ScenePainter::paintFill(const Item& item, const LayerBox& box) {
   if (box.isUniform) return RoundedBoxRaster(top().pixels, item.rect).fill(box.shape, item.color);
-  auto& context = top().context();
-  const ContextScope scope(context, item);
-  context.concatenate(box.pathToDevice());
-  context.setAlpha(item.alpha);
-  context.setFillColor(item.layer->backgroundColor());
-  context.addPath(*box.path(*item.layer));
-  context.fillPath();
+  paintByTiles(top().pixels, item.rect, {box.rect, 0, 0}, [&](CGContext& context) {
+    fillPath(context, box, item.layer->backgroundColor(), *box.path(*item.layer), item.alpha);
+  });
 }
 
 void ScenePainter::paintRing(const Item& item, const LayerBox& box) {
   if (box.isUniform && RoundedBoxRaster::canPaint(box.shape, item.width)) {
     return RoundedBoxRaster(top().pixels, item.rect).ring(box.shape, item.width, item.color);
   }
-  auto& context = top().context();
-  const ContextScope scope(context, item);
-  context.concatenate(box.pathToDevice());
-  context.setAlpha(item.alpha);
-  context.setFillColor(item.layer->borderColor());
-  context.addPath(*box.ringPath(*item.layer));
-  context.fillPath();
+  paintByTiles(top().pixels, item.rect, {box.rect, 0, 0}, [&](CGContext& context) {
+    fillPath(context, box, item.layer->borderColor(), *box.ringPath(*item.layer), item.alpha);
+  });
 }
 
 void ScenePainter::paintContents(const Item& item, const LayerBox& box) {
@@ -175,39 +182,27 @@ void ScenePainter::paintContents(const Item& item, const LayerBox& box) {
         .image({box.rect, 0, 0}, contents.bitmap(), box.rect.x + contents.x(), box.rect.y + contents.y(),
                toByte(item.alpha));
   }
-  paintByTiles(item, box, [&](CGContext& context) {
+  paintByTiles(top().pixels, item.rect, {box.rect, 0, 0}, [&](CGContext& context) {
     context.concatenate(imageToDevice(box, item.isFlipped));
     context.setAlpha(item.alpha);
     context.drawBitmap(contents.bitmap(), placeOf(contents, box.bounds));
   });
 }
 
-// Resampled bitmaps round each pixel by how far it is from where painting begins, so that always begins at
-// the same places, whatever is damaged.
-void ScenePainter::paintByTiles(const Item& item, const LayerBox& box, auto&& paint) {
-  const auto firstOf = [](int position) {
-    return static_cast<int>(std::floor(position / double{tileSide})) * tileSide;
-  };
-  for (int y = firstOf(item.rect.y); y < item.rect.maxY(); y += tileSide) {
-    for (int x = firstOf(item.rect.x); x < item.rect.maxX(); x += tileSide) {
-      Surface tile(intersect({x, y, tileSide, tileSide}, box.rect));
-      if (tile.bitmap.isEmpty()) continue;
-      paint(tile.context());
-      tile.made = nullptr;
-      const auto& area = tile.pixels.area();
-      RoundedBoxRaster(top().pixels, item.rect).image({area, 0, 0}, tile.bitmap, area.x, area.y, 255);
-    }
-  }
-}
-
 void ScenePainter::paintCustom(const Item& item, const LayerBox& box) {
+  const auto& layer = *item.layer;
+  const bool isCut = LayerAccess::cutsPaintToBounds(layer);
+  const auto paint = [&](CGContext& context) {
+    if (isCut && !box.isUniform) clipToBox(context, layer, box);
+    context.concatenate(box.paintToDevice());
+    context.setAlpha(item.alpha);
+    LayerAccess::paint(layer, context);
+  };
+  const bool fillsPlainBox = isCut && box.isUniform && box.shape.isPlain();
+  if (!fillsPlainBox) return paintByTiles(top().pixels, item.rect, outlineOfPaint(layer, box), paint);
   auto& context = top().context();
   const ContextScope scope(context, item);
-  const bool isCut = LayerAccess::cutsPaintToBounds(*item.layer) && (!box.isUniform || !box.shape.isPlain());
-  if (isCut) clipToBox(context, *item.layer, box);
-  context.concatenate(box.paintToDevice());
-  context.setAlpha(item.alpha);
-  LayerAccess::paint(*item.layer, context);
+  paint(context);
 }
 
 void ScenePainter::paintShadow(const Item& item, const LayerBox& box, std::span<const PixelRect> covers) {
@@ -242,11 +237,9 @@ void ScenePainter::composeMask() {
 
 void ScenePainter::cutToBox(const Item& item, const LayerBox& box) {
   beginMask();
-  auto& context = top().context();
-  context.concatenate(box.pathToDevice());
-  context.setFillColor(CGColor::black());
-  context.addPath(*box.path(*item.layer));
-  context.fillPath();
+  paintByTiles(top().pixels, item.rect, {box.rect, 0, 0}, [&](CGContext& context) {
+    fillPath(context, box, CGColor::black(), *box.path(*item.layer), 1);
+  });
   composeMask();
 }
 

@@ -29,7 +29,6 @@ class ScenePainter {
   void paintRing(const Item& item, const LayerBox& box);
   void paintContents(const Item& item, const LayerBox& box);
   void paintCustom(const Item& item, const LayerBox& box);
-  void paintByTiles(const Item& item, const LayerBox& box, auto&& paint);
   void paintShadow(const Item& item, const LayerBox& box, std::span<const PixelRect> covers);
   void beginGroup(const Item& item);
   void beginMask();

@@ -6,6 +6,7 @@
 #include "platform/quartzcore/raster/PixelRuns.h"
 #include "platform/quartzcore/raster/RecentlyUsed.h"
 #include "platform/quartzcore/raster/RoundedBoxRaster.h"
+#include "platform/quartzcore/raster/TiledPainting.h"
 
 namespace bkuk {
 
@@ -73,13 +74,13 @@ struct BoxKey {
 };
 
 struct PathKey {
-  Weak<CGPath> path;  // the mask of a path that has gone is never asked for again
-  CGAffineTransform toMask;
+  Weak<CGPath> path;            // the mask of a path that has gone is never asked for again
+  CGAffineTransform toPicture;  // a picture of the whole shape
   double sigma;
-  PixelSize size;
+  PixelRect part;  // of that picture
 
   bool operator==(const PathKey& other) const {
-    return sigma == other.sigma && size == other.size && toMask == other.toMask &&
+    return sigma == other.sigma && part == other.part && toPicture == other.toPicture &&
            path.refersTo(other.path.lock().get());
   }
 };
@@ -91,13 +92,14 @@ host::Bitmap pictureOf(const RoundedBox& box) {
   return image;
 }
 
-host::Bitmap pictureOf(const CGPath& path, const PathKey& key) {
-  host::Bitmap image(key.size);
-  if (image.isEmpty()) return image;
-  const auto context = make<CGContext>(image, key.toMask);
-  context->setFillColor(CGColor::black());
-  context->addPath(path);
-  context->fillPath();
+host::Bitmap pictureOf(const CGPath& path, const PathKey& key, const PixelRect& whole) {
+  host::Bitmap image({key.part.width, key.part.height});
+  paintByTiles(PixelTarget(image, key.part.x, key.part.y), key.part, {whole, 0, 0}, [&](CGContext& context) {
+    context.concatenate(key.toPicture);
+    context.setFillColor(CGColor::black());
+    context.addPath(path);
+    context.fillPath();
+  });
   return image;
 }
 
@@ -131,15 +133,17 @@ ShadowMask::Placed ShadowMask::ofBox(const RoundedBox& box, double sigma) {
 ShadowMask::Placed ShadowMask::ofPath(const Ref<CGPath>& path, const CGAffineTransform& toDevice,
                                       double sigma, const PixelRect& area) {
   static auto& kept = *new RecentlyUsed<PathKey, SharedMask>(mostBytesOfPaths);
-  const auto shape = intersect(touchedPixels(toDevice.apply(path->boundingBoxOfPath())), area);
+  const auto whole = touchedPixels(toDevice.apply(path->boundingBoxOfPath()));
+  const auto shape = intersect(whole, area);
   if (shape.isEmpty()) return {};
   const auto rect = grown(shape, blurReach(sigma));
   const PathKey key{path,
-                    toDevice.concatenating(CGAffineTransform::translation(-shape.x, -shape.y)),
+                    toDevice.concatenating(CGAffineTransform::translation(-whole.x, -whole.y)),
                     sigma,
-                    {shape.width, shape.height}};
+                    {shape.x - whole.x, shape.y - whole.y, shape.width, shape.height}};
   if (const auto* found = kept.find(key)) return {*found, rect};
-  const auto mask = std::make_shared<const ShadowMask>(ShadowMask(pictureOf(*path, key), sigma));
+  const auto mask = std::make_shared<const ShadowMask>(
+      ShadowMask(pictureOf(*path, key, {0, 0, whole.width, whole.height}), sigma));
   kept.add(key, mask, mask->byteCount());
   return {mask, rect};
 }
