@@ -3,6 +3,8 @@
 #include <array>
 #include <cmath>
 
+#include "platform/coregraphics/CGContext.h"
+#include "platform/coregraphics/CGMutablePath.h"
 #include "platform/quartzcore/CAPropertyTable.h"
 
 namespace bkuk {

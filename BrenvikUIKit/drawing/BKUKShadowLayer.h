@@ -2,6 +2,7 @@
 
 #include "BrenvikUIKit/drawing/BKUKShadowType.h"
 #include "platform/appkit/drawing/NSColor.h"
+#include "platform/coregraphics/CGPath.h"
 #include "platform/quartzcore/CALayer.h"
 
 namespace bkuk {

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <numbers>
 
+#include "platform/coregraphics/CGMutablePath.h"
+
 namespace bkuk {
 
 namespace {

@@ -1,5 +1,6 @@
 #include "platform/foundation/Interning.h"
 
+#include <functional>
 #include <mutex>
 #include <unordered_set>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <cstddef>
-#include <functional>
+#include <string_view>  // std::hash
 
 namespace bkuk {
 

@@ -2,7 +2,7 @@
 
 #include <concepts>
 #include <cstddef>
-#include <functional>
+#include <string_view>  // std::hash, without the weight of <functional>
 #include <utility>
 
 namespace bkuk {

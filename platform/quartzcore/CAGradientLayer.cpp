@@ -5,6 +5,7 @@
 #include <cmath>
 #include <numbers>
 
+#include "platform/coregraphics/CGContext.h"
 #include "platform/coregraphics/CGGradient.h"
 #include "platform/quartzcore/CABasicAnimation.h"
 #include "platform/quartzcore/CAPropertyTable.h"

@@ -6,6 +6,8 @@
 
 namespace bkuk {
 
+class CGGradient;
+
 inline constexpr std::string_view kCAGradientLayerAxial = "axial";
 inline constexpr std::string_view kCAGradientLayerRadial = "radial";
 inline constexpr std::string_view kCAGradientLayerConic = "conic";

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "platform/coregraphics/CGContext.h"
 #include "platform/quartzcore/CALayerDelegate.h"
 #include "platform/quartzcore/LayerExtras.h"
 

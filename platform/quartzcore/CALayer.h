@@ -9,9 +9,8 @@
 #include <utility>
 #include <vector>
 
+#include "platform/coregraphics/CGAffineTransform.h"
 #include "platform/coregraphics/CGColor.h"
-#include "platform/coregraphics/CGContext.h"
-#include "platform/coregraphics/CGPath.h"
 #include "platform/foundation/CGGeometry.h"
 #include "platform/foundation/NSObject.h"
 #include "platform/foundation/WeakDelegate.h"
@@ -24,8 +23,10 @@ namespace bkuk {
 
 class CAAnimation;
 class CALayerDelegate;
-class SublayerIndex;
 class CARenderer;
+class CGContext;
+class CGPath;
+class SublayerIndex;
 
 /// Corners of a layer's bounds, in its own bounds space: MinY is the lower edge where y points up.
 enum CACornerMask : unsigned {

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <optional>
 
+#include "platform/coregraphics/CGContext.h"
 #include "platform/quartzcore/CALayer.h"
 #include "platform/quartzcore/CALayerDelegate.h"
 #include "platform/quartzcore/LayerAccess.h"

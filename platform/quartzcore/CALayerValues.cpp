@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "platform/coregraphics/CGPath.h"
 #include "platform/quartzcore/CALayer.h"
 #include "platform/quartzcore/CAPropertyTable.h"
 #include "platform/quartzcore/LayerExtras.h"

@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 
+#include "platform/coregraphics/CGContext.h"
 #include "platform/quartzcore/CABasicAnimation.h"
 #include "platform/quartzcore/CAPropertyTable.h"
 

@@ -2,6 +2,7 @@
 
 #include <optional>
 
+#include "platform/coregraphics/CGPath.h"
 #include "platform/quartzcore/CALayer.h"
 
 namespace bkuk {

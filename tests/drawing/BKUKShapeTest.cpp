@@ -5,6 +5,7 @@
 #include "BrenvikUIKit/drawing/BKUKShape.h"
 #include "BrenvikUIKit/drawing/BKUKShapeComputable.h"
 #include "BrenvikUIKit/drawing/BKUKShapeLayer.h"
+#include "platform/coregraphics/CGMutablePath.h"
 #include "platform/quartzcore/CABasicAnimation.h"
 #include "tests/drawing/WindowFixture.h"
 #include "tests/support/StopLine.h"

@@ -1,5 +1,3 @@
-#include <functional>
-
 #include "BrenvikUIKit/colour/BKUKThemedColor.h"
 #include "BrenvikUIKit/drawing/BKUKFillView.h"
 #include "BrenvikUIKit/drawing/BKUKShapeView.h"

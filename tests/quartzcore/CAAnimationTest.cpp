@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 #include <limits>
 
+#include "platform/coregraphics/CGContext.h"
 #include "platform/coregraphics/CGMutablePath.h"
 #include "platform/foundation/NSRunLoop.h"
 #include "platform/quartzcore/CABasicAnimation.h"

@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "platform/coregraphics/CGContext.h"
 #include "platform/quartzcore/CALayerDelegate.h"
 #include "tests/quartzcore/LayerWindow.h"
 

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <numbers>
 
+#include "platform/coregraphics/CGMutablePath.h"
 #include "platform/quartzcore/CABasicAnimation.h"
 #include "platform/quartzcore/CAGradientLayer.h"
 #include "platform/quartzcore/CAShapeLayer.h"

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 #include <memory>
 
+#include "platform/coregraphics/CGPath.h"
 #include "tests/quartzcore/LayerWindow.h"
 
 namespace bkuk {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/coregraphics/CGPath.h"
 #include "platform/quartzcore/CALayer.h"
 #include "platform/quartzcore/raster/RoundedBox.h"
 
