@@ -29,8 +29,9 @@ bool isMultiple(std::uint32_t frame, std::uint32_t spacing) {
 }  // namespace
 
 BKUKLinearAnimator& BKUKLinearAnimator::sharedInstance() {
-  static auto& animator = *permanent([] { return new BKUKLinearAnimator; });
-  return animator;
+  static const auto& animator =
+      permanent([] { return Ref<BKUKLinearAnimator>::adopt(new BKUKLinearAnimator); });
+  return *animator;
 }
 
 const SelectorTable& BKUKLinearAnimator::selectors() const {

@@ -50,17 +50,16 @@ Ref<NSAppearance> appearanceOf(const host::Appearance& answer) {
 }  // namespace
 
 NSApplication& NSApplication::shared() {
-  static NSApplication& application = *permanent([] {
+  static const auto& application = permanent([] {
     NSThread::becomeMainThread();
-    auto* made = make<NSApplication>().detach();
-    NSRunLoop::main().addTurnEndObserver(commitOrder, [made] { made->commit(); });
-    static NSApplication* attached = nullptr;
-    attached = made;
+    const auto made = make<NSApplication>();
+    static NSApplication* attached = made.get();
+    NSRunLoop::main().addTurnEndObserver(commitOrder, [] { attached->commit(); });
     host::addInstallObserver([](host::Host& host) { attached->attach(host); });
     made->refreshEffectiveAppearance();
     return made;
   });
-  return application;
+  return *application;
 }
 
 NSApplication::NSApplication() = default;

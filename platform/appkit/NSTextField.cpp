@@ -7,6 +7,7 @@
 #include "platform/appkit/drawing/NSGraphicsContext.h"
 #include "platform/foundation/CGRoundedUp.h"
 #include "platform/foundation/NSString.h"
+#include "platform/foundation/Permanent.h"
 
 namespace bkuk {
 
@@ -27,7 +28,7 @@ class TextColor final : public NSColor {
 };
 
 Ref<NSColor> shownTextColor(const Ref<NSColor>& color) {
-  static const auto& usual = *new Ref<NSColor>(make<TextColor>());
+  static const auto& usual = permanent([]() -> Ref<NSColor> { return make<TextColor>(); });
   return color ? color : usual;
 }
 

@@ -10,8 +10,8 @@
 namespace bkuk {
 
 DispatchQueue& DispatchQueue::main() {
-  static auto& queue = *permanent([] { return new DispatchQueue; });
-  return queue;
+  static const auto& queue = permanent([] { return Ref<DispatchQueue>::adopt(new DispatchQueue); });
+  return *queue;
 }
 
 DispatchQueue::DispatchQueue() : label_("main"), blocks_(std::make_shared<BlockQueue>()) {}

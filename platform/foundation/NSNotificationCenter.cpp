@@ -192,8 +192,8 @@ NSNotificationCenter::NSNotificationCenter() = default;
 NSNotificationCenter::~NSNotificationCenter() = default;
 
 NSNotificationCenter& NSNotificationCenter::default_() {
-  static auto& center = *permanent([] { return new NSNotificationCenter; });
-  return center;
+  static const auto& center = permanent([] { return make<NSNotificationCenter>(); });
+  return *center;
 }
 
 void NSNotificationCenter::addObserver(NSObject* observer, Selector selector, NSNotificationName name,

@@ -67,8 +67,8 @@ bool NSRunLoop::FiresEarlier::operator()(const Ref<NSTimer>& a, const Ref<NSTime
 NSRunLoop::NSRunLoop() : observers_(std::make_shared<const Observers>()) {}
 
 NSRunLoop& NSRunLoop::main() {
-  static auto& loop = *permanent([] { return new NSRunLoop; });
-  return loop;
+  static const auto& loop = permanent([] { return Ref<NSRunLoop>::adopt(new NSRunLoop); });
+  return *loop;
 }
 
 NSRunLoop& NSRunLoop::current() {

@@ -35,8 +35,8 @@ std::optional<T> as(std::optional<NSUserDefaults::Value> value) {
 }  // namespace
 
 NSUserDefaults& NSUserDefaults::standard() {
-  static auto& defaults = *permanent([] { return new NSUserDefaults; });
-  return defaults;
+  static const auto& defaults = permanent([] { return make<NSUserDefaults>(); });
+  return *defaults;
 }
 
 void NSUserDefaults::set(Value value, std::string_view forKey) {
