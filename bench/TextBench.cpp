@@ -2,6 +2,7 @@
 #include <string>
 #include <vector>
 
+#include "host/Drawing.h"
 #include "host/Host.h"
 #include "platform/coregraphics/CGColor.h"
 #include "platform/coregraphics/CGContext.h"
@@ -15,14 +16,14 @@ constexpr auto leftToRight = host::TextDirection::leftToRight;
 constexpr std::u16string_view twentyCharacters = u"Choose the new place";
 
 std::shared_ptr<const host::Font> inter(double size = 13) {
-  auto& fonts = host::current().fonts();
+  auto& fonts = host::current().drawing().fonts();
   auto font = fonts.font("Inter-Regular", size);
   return font ? font : fonts.systemFont(size, 400);
 }
 
 std::shared_ptr<const host::TextParagraph> shape(const host::Font& font, std::u16string_view text) {
   const host::TextRun run{text.size(), &font};
-  return host::current().fonts().shape(text, {&run, 1}, leftToRight);
+  return host::current().drawing().fonts().shape(text, {&run, 1}, leftToRight);
 }
 
 std::u16string numbered(std::u16string text, std::size_t number) {

@@ -3,6 +3,7 @@
 #include <span>
 
 #include "host/Bitmap.h"
+#include "host/Drawing.h"
 #include "host/Host.h"
 #include "platform/appkit/drawing/NSImage.h"
 #include "testing/VirtualHostScope.h"
@@ -30,7 +31,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   static_cast<void>(host);
   const auto file = std::as_bytes(std::span(data, size));
   if (size > longestInput) return 0;
-  const auto decoded = host::current().decodeImage(file);
+  const auto decoded = host::current().drawing().decodeImage(file);
   const bool isRead = !decoded.pixels.isEmpty() || decoded.drawing;
   if (isRead != (decoded.fault == host::ImageFault::none)) __builtin_trap();
   const auto image = NSImage::data(file);

@@ -4,6 +4,7 @@
 #include "gallery/GalleryWindow.h"
 #include "gallery/Snapshots.h"
 #include "gallery/brand/Brand.h"
+#include "host/Desktop.h"
 #include "host/Host.h"
 
 namespace bkuk::gallery {
@@ -36,7 +37,7 @@ int run(const GalleryOptions& options) {
   if (options.listPages) return listPages();
   installBrand();
   if (options.snapshotDirectory) return writeSnapshots(options, *options.snapshotDirectory);
-  if (options.exitAfterFirstFrame || host::current().hasDisplay()) return runWindow(options);
+  if (options.exitAfterFirstFrame || host::current().desktop().hasDisplay()) return runWindow(options);
   std::fprintf(stderr, "bkuk-gallery: no display, writing the pages to %s\n", unattendedDirectory);
   return writeSnapshots(options, unattendedDirectory);
 }

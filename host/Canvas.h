@@ -68,7 +68,7 @@ struct Gradient {
 };
 
 /// Paints into one bitmap. The base space counts device pixels with y down; `concatenate` maps user
-/// space onto it. Made by `Host::makeCanvas`; must not outlive its bitmap.
+/// space onto it. Made by `Drawing::makeCanvas`; must not outlive its bitmap.
 ///
 /// Coordinates that are not finite make the call that has them paint nothing.
 class Canvas {

@@ -2,6 +2,9 @@
 
 #include <mutex>
 #include <utility>
+#include <vector>
+
+#include "host/Loop.h"
 
 namespace bkuk::host {
 
@@ -52,7 +55,7 @@ Host* currentIfAny() { return slot().get(); }
 
 void wake() {
   const std::lock_guard lock(slotMutex());
-  if (slot()) slot()->wake();
+  if (slot()) slot()->loop().wake();
 }
 
 void addInstallObserver(void (*observer)(Host& host)) {

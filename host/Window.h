@@ -3,7 +3,7 @@
 #include <span>
 #include <string_view>
 
-#include "host/Accessibility.h"
+#include "host/AccessibilityTree.h"
 #include "host/Bitmap.h"
 #include "host/Events.h"
 #include "host/Geometry.h"
@@ -29,7 +29,7 @@ struct WindowOptions {
   Rect frame{};              ///< of the content, in screen points
 };
 
-/// Hears what happens to one window. `Host::dispatchEvent` is the only caller, so a client is never
+/// Hears what happens to one window. `Loop::dispatchEvent` is the only caller, so a client is never
 /// entered from inside one of its own calls to the window. It may destroy the window while it handles.
 class WindowClient {
  public:

@@ -6,15 +6,16 @@
 namespace bkuk {
 
 VirtualScreenReader::VirtualScreenReader(VirtualHost& host) : host_(host) {
-  assert(!host_.screenReader_);
-  host_.screenReader_ = this;
+  assert(!host_.accessibility().reader());
+  host_.accessibility().setReader(this);
 }
 
-VirtualScreenReader::~VirtualScreenReader() { host_.screenReader_ = nullptr; }
+VirtualScreenReader::~VirtualScreenReader() { host_.accessibility().setReader(nullptr); }
 
 host::AccessibilityTree& VirtualScreenReader::tree() const {
-  assert(host_.accessibilityTree_);
-  return *host_.accessibilityTree_;
+  auto* tree = host_.accessibility().tree();
+  assert(tree);
+  return *tree;
 }
 
 // --- reading

@@ -56,7 +56,7 @@ class VirtualScreenReader final {
   void forgetChanges() { changes_.clear(); }
 
  private:
-  friend class VirtualHost;
+  friend class VirtualAccessibility;
 
   static constexpr std::size_t mostChanges = 100'000;
 

@@ -4,7 +4,8 @@
 #include <cmath>
 
 #include "host/FrameClamp.h"
-#include "testing/VirtualHost.h"
+#include "testing/VirtualDesktop.h"
+#include "testing/VirtualLoop.h"
 
 namespace bkuk {
 
@@ -38,17 +39,17 @@ void copyPixels(const host::Bitmap& from, host::Bitmap& to, const host::PixelRec
 
 }  // namespace
 
-VirtualWindow::VirtualWindow(VirtualHost& host, const host::WindowOptions& options,
+VirtualWindow::VirtualWindow(VirtualDesktop& desktop, const host::WindowOptions& options,
                              host::WindowClient& client)
-    : host_(host),
+    : desktop_(desktop),
       client_(client),
       options_(options),
       frame_(host::clampedFrame(options.frame)),
-      scale_(host.screens().front().scale) {
-  host_.add(*this);
+      scale_(desktop.screens().front().scale) {
+  desktop_.add(*this);
 }
 
-VirtualWindow::~VirtualWindow() { host_.remove(*this); }
+VirtualWindow::~VirtualWindow() { desktop_.remove(*this); }
 
 // --- pointer
 
@@ -58,7 +59,7 @@ void VirtualWindow::movePointer(host::Point position) {
 }
 
 void VirtualWindow::leavePointer() {
-  host_.setPointerWindow(nullptr);
+  desktop_.setPointerWindow(nullptr);
   settle();
 }
 
@@ -91,8 +92,9 @@ void VirtualWindow::doubleClick(host::Point position) {
 // Any step may close the window and let it go, which ends the drag.
 void VirtualWindow::drag(host::Point from, host::Point to) {
   constexpr int steps = 4;
-  VirtualHost& host = host_;
-  const auto isLive = [&host, this] { return std::ranges::count(host.windows(), this) > 0; };
+  const auto isLive = [&desktop = desktop_, this] {
+    return std::ranges::find(desktop.windows(), this) != desktop.windows().end();
+  };
   movePointer(from);
   if (isLive()) press();
   for (int step = 1; step <= steps && isLive(); ++step) {
@@ -103,14 +105,14 @@ void VirtualWindow::drag(host::Point from, host::Point to) {
 }
 
 void VirtualWindow::scroll(double deltaX, double deltaY) {
-  push(host::WheelEvent{pointerPosition(), deltaX, deltaY, true, modifiers_, host_.now()});
+  push(host::WheelEvent{pointerPosition(), deltaX, deltaY, true, modifiers_, desktop_.loop_.now()});
   settle();
 }
 
 void VirtualWindow::queueMove(host::Point position) {
-  host_.pointer_ = {frame_.x + position.x, frame_.y + position.y};
+  desktop_.pointer_ = {frame_.x + position.x, frame_.y + position.y};
   const bool isDragging = pointer_.heldButton() != host::PointerButton::none;
-  if (!isDragging) host_.setPointerWindow(contains(position) ? this : nullptr);
+  if (!isDragging) desktop_.setPointerWindow(contains(position) ? this : nullptr);
   if (isDragging || hasPointerGrab_ || contains(position)) push(pointer_.move(sample()));
 }
 
@@ -120,8 +122,8 @@ void VirtualWindow::queuePress(host::PointerButton button) { pushIfAny(pointer_.
 void VirtualWindow::queueRelease(host::PointerButton button) {
   pushIfAny(pointer_.release(button, sample()));
   const bool isDragging = pointer_.heldButton() != host::PointerButton::none;
-  if (!isDragging && !contains(pointerPosition()) && host_.pointerWindow_ == this) {
-    host_.setPointerWindow(nullptr);
+  if (!isDragging && !contains(pointerPosition()) && desktop_.pointerWindow_ == this) {
+    desktop_.setPointerWindow(nullptr);
   }
 }
 
@@ -129,10 +131,12 @@ bool VirtualWindow::contains(host::Point position) const {
   return position.x >= 0 && position.y >= 0 && position.x < frame_.width && position.y < frame_.height;
 }
 
-host::PointerSample VirtualWindow::sample() const { return {pointerPosition(), modifiers_, host_.now()}; }
+host::PointerSample VirtualWindow::sample() const {
+  return {pointerPosition(), modifiers_, desktop_.loop_.now()};
+}
 
 host::Point VirtualWindow::pointerPosition() const {
-  return {host_.pointer_.x - frame_.x, host_.pointer_.y - frame_.y};
+  return {desktop_.pointer_.x - frame_.x, desktop_.pointer_.y - frame_.y};
 }
 
 void VirtualWindow::tellEnter() { push(pointer_.enter(sample())); }
@@ -166,13 +170,13 @@ void VirtualWindow::typeKey(std::uint16_t keyCode, std::string_view characters) 
 void VirtualWindow::pushKey(host::KeyEvent::Kind kind, std::uint16_t keyCode, std::string_view characters,
                             bool isRepeat) {
   push(host::KeyEvent{kind, keyCode, std::string(characters), std::string(characters), isRepeat, modifiers_,
-                      host_.now()});
+                      desktop_.loop_.now()});
 }
 
 // --- desktop
 
 void VirtualWindow::setFocused(bool isFocused) {
-  if (isFocused || host_.focusedWindow_ == this) host_.setFocusedWindow(isFocused ? this : nullptr);
+  if (isFocused || desktop_.focusedWindow_ == this) desktop_.setFocusedWindow(isFocused ? this : nullptr);
   settle();
 }
 
@@ -190,7 +194,7 @@ void VirtualWindow::setScale(double scale) {
 
 void VirtualWindow::setExposed(bool isExposed) {
   isExposed_ = isExposed;
-  if (!isExposed) pushIfAny(pointer_.cancel(host_.now()));
+  if (!isExposed) pushIfAny(pointer_.cancel(desktop_.loop_.now()));
   push(host::ExposeEvent{isExposed});
   settle();
 }
@@ -229,9 +233,9 @@ void VirtualWindow::hide() {
   if (!isVisible_) return;
   isVisible_ = false;
   hasPointerGrab_ = false;
-  pushIfAny(pointer_.cancel(host_.now()));
-  if (host_.pointerWindow_ == this) host_.setPointerWindow(nullptr);
-  if (host_.focusedWindow_ == this) host_.setFocusedWindow(nullptr);
+  pushIfAny(pointer_.cancel(desktop_.loop_.now()));
+  if (desktop_.pointerWindow_ == this) desktop_.setPointerWindow(nullptr);
+  if (desktop_.focusedWindow_ == this) desktop_.setFocusedWindow(nullptr);
   push(host::ExposeEvent{false});
 }
 
@@ -248,7 +252,7 @@ void VirtualWindow::setSizeLimits(host::Size minimum, host::Size maximum) {
 }
 
 void VirtualWindow::activate() {
-  if (isVisible_ && options_.acceptsFocus) host_.setFocusedWindow(this);
+  if (isVisible_ && options_.acceptsFocus) desktop_.setFocusedWindow(this);
 }
 
 host::PixelSize VirtualWindow::pixelSize() const {
@@ -265,12 +269,12 @@ void VirtualWindow::present(const host::Bitmap& image, std::span<const host::Pix
   ++presentCount_;
 }
 
-void VirtualWindow::push(host::WindowEvent event) { host_.push(*this, client_, std::move(event)); }
+void VirtualWindow::push(host::WindowEvent event) { desktop_.queue_.push(*this, client_, std::move(event)); }
 
 void VirtualWindow::pushIfAny(const std::optional<host::PointerEvent>& event) {
   if (event) push(*event);
 }
 
-void VirtualWindow::settle() { host_.settle(); }
+void VirtualWindow::settle() { desktop_.loop_.advance(0); }
 
 }  // namespace bkuk

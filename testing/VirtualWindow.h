@@ -8,7 +8,7 @@
 
 namespace bkuk {
 
-class VirtualHost;
+class VirtualDesktop;
 
 /// A window of the virtual host. Lives as long as the library's window that it stands for.
 ///
@@ -16,7 +16,7 @@ class VirtualHost;
 /// library whether the window is shown or not, so that a test must not forget to show it.
 class VirtualWindow final : public host::Window {
  public:
-  VirtualWindow(VirtualHost& host, const host::WindowOptions& options, host::WindowClient& client);
+  VirtualWindow(VirtualDesktop& desktop, const host::WindowOptions& options, host::WindowClient& client);
   ~VirtualWindow() override;
 
   // The user's pointer. Positions are in points from the upper left corner of the content; the pointer
@@ -104,7 +104,7 @@ class VirtualWindow final : public host::Window {
   void present(const host::Bitmap& image, std::span<const host::PixelRect> damage) override;
 
  private:
-  friend class VirtualHost;
+  friend class VirtualDesktop;
 
   void push(host::WindowEvent event);
   void pushIfAny(const std::optional<host::PointerEvent>& event);
@@ -120,7 +120,7 @@ class VirtualWindow final : public host::Window {
   [[nodiscard]] bool contains(host::Point position) const;
   [[nodiscard]] host::PointerSample sample() const;
 
-  VirtualHost& host_;
+  VirtualDesktop& desktop_;
   host::WindowClient& client_;
   host::WindowOptions options_;
   host::Rect frame_;

@@ -52,9 +52,8 @@ class QtLoop::Driving {
   bool wasPumping_;
 };
 
-QtLoop::QtLoop(std::function<bool()> hasEvents)
-    : hasEvents_(std::move(hasEvents)),
-      timer_(timerfd_create(CLOCK_MONOTONIC, TFD_NONBLOCK | TFD_CLOEXEC)),
+QtLoop::QtLoop()
+    : timer_(timerfd_create(CLOCK_MONOTONIC, TFD_NONBLOCK | TFD_CLOEXEC)),
       notifier_(timer_, QSocketNotifier::Read) {
   connect(&notifier_, &QSocketNotifier::activated, this, [this] { timerExpired(); });
 }
@@ -68,10 +67,20 @@ double QtLoop::now() const {
   return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
 }
 
+bool QtLoop::dispatchEvent() {
+  if (!sources_.hasEvent()) pump();
+  return sources_.dispatch();
+}
+
+void QtLoop::scheduleTurn(std::optional<double> date) {
+  sources_.turnEnds();
+  arm(date);
+}
+
 bool QtLoop::isDriven() const { return loopDepth() > depth_; }
 
 bool QtLoop::isReady(std::optional<double> until) const {
-  return isWoken_ || isExpired_ || hasEvents_() || (until && *until <= now());
+  return isWoken_ || isExpired_ || sources_.hasEvent() || (until && *until <= now());
 }
 
 void QtLoop::wait(std::optional<double> until) {
@@ -139,7 +148,7 @@ void QtLoop::runTurn() {
     const Driving driving(*this, false);
     client_->turn();
   }
-  if (isWoken_ || hasEvents_()) arm(now());
+  if (isWoken_ || sources_.hasEvent()) arm(now());
 }
 
 }  // namespace bkuk::host

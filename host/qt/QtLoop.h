@@ -4,10 +4,11 @@
 #include <QtCore/QObject>
 #include <QtCore/QSocketNotifier>
 #include <atomic>
-#include <functional>
 #include <optional>
+#include <utility>
 
-#include "host/Host.h"
+#include "host/Loop.h"
+#include "host/support/EventSource.h"
 
 namespace bkuk::host {
 
@@ -17,20 +18,21 @@ namespace bkuk::host {
 /// The library's loop usually drives: it calls `wait`, and Qt's events come in during that. When another
 /// loop drives, because the application runs `QGuiApplication::exec` or a dialogue of its own inside one
 /// of our turns, the descriptor and posted events make this object call the client's turns instead.
-class QtLoop : public QObject {
+class QtLoop final : public QObject, public Loop {
  public:
-  /// `hasEvents` tells whether something is queued for the library.
-  explicit QtLoop(std::function<bool()> hasEvents);
+  QtLoop();
   ~QtLoop() override;
 
-  [[nodiscard]] double now() const;
-  void setClient(LoopClient* client) { client_ = client; }
-  void schedule(std::optional<double> date) { arm(date); }
-  void wait(std::optional<double> until);
-  /// Callable from any thread.
-  void wake();
-  /// Takes in what the desktop has sent, without waiting; does nothing while another loop drives.
-  void pump();
+  /// What the library is told of.
+  void setSources(EventSources sources) { sources_ = std::move(sources); }
+
+  [[nodiscard]] double now() const override;
+  bool dispatchEvent() override;
+  void wait(std::optional<double> until) override;
+  void wake() override;
+  void setClient(LoopClient* client) override { client_ = client; }
+  void scheduleTurn(std::optional<double> date) override;
+
   /// To be called after something was queued for the library.
   void noteQueued();
 
@@ -43,12 +45,14 @@ class QtLoop : public QObject {
 
   [[nodiscard]] bool isDriven() const;
   [[nodiscard]] bool isReady(std::optional<double> until) const;
+  // Takes in what the desktop has sent, without waiting; does nothing while another loop drives.
+  void pump();
   void process(QEventLoop::ProcessEventsFlags flags);
   void arm(std::optional<double> date);
   void timerExpired();
   void runTurn();
 
-  std::function<bool()> hasEvents_;
+  EventSources sources_;
   LoopClient* client_ = nullptr;
   int timer_;
   QSocketNotifier notifier_;

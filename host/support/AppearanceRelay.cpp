@@ -2,8 +2,8 @@
 
 namespace bkuk::host {
 
-bool AppearanceRelay::deliver() {
-  if (!hasChange()) return false;
+bool AppearanceRelay::dispatch() {
+  if (!hasEvent()) return false;
   current_ = announced_;
   // A copy, because the handler may replace itself.
   if (const auto changed = changed_) changed();

@@ -4,6 +4,7 @@
 
 #include "host/Events.h"
 #include "host/Window.h"
+#include "host/support/EventSource.h"
 
 namespace bkuk::host {
 
@@ -12,18 +13,17 @@ namespace bkuk::host {
 ///
 /// An event that outdates the one queued last for the same window takes its place: a burst of pointer
 /// moves or of sizes costs one delivery.
-class EventQueue {
+class EventQueue final : public EventSource {
  public:
   void push(Window& window, WindowClient& client, WindowEvent event);
-  [[nodiscard]] bool isEmpty() const { return entries_.empty(); }
+  [[nodiscard]] bool hasEvent() const override { return !entries_.empty(); }
 
   /// The oldest event; null when there is none.
   [[nodiscard]] const WindowEvent* next() const {
     return entries_.empty() ? nullptr : &entries_.front().event;
   }
   /// Takes the oldest event out and hands it to its client, which may destroy any window meanwhile.
-  /// False when there was none.
-  bool dispatch();
+  bool dispatch() override;
 
   /// Forgets what is queued for `window`, which is about to go.
   void drop(const Window& window);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <utility>
 
 #include "platform/appkit/NSApplication.h"
@@ -12,31 +13,6 @@ namespace bkuk {
 
 namespace {
 
-struct Kind {
-  std::string_view name;
-  std::string_view family;
-};
-
-constexpr std::array kinds = {
-    Kind{NSAppearanceNameAqua, NSAppearanceNameAqua},
-    Kind{NSAppearanceNameDarkAqua, NSAppearanceNameDarkAqua},
-    Kind{NSAppearanceNameVibrantLight, NSAppearanceNameAqua},
-    Kind{NSAppearanceNameVibrantDark, NSAppearanceNameDarkAqua},
-    Kind{NSAppearanceNameAccessibilityAqua, NSAppearanceNameAqua},
-    Kind{NSAppearanceNameAccessibilityDarkAqua, NSAppearanceNameDarkAqua},
-    Kind{NSAppearanceNameUnknown, {}},
-};
-
-const Kind* findKind(std::string_view name) {
-  const auto* const found = std::ranges::find(kinds, name, &Kind::name);
-  return found == kinds.end() ? nullptr : found;
-}
-
-std::string_view familyOf(std::string_view name) {
-  const Kind* kind = findKind(name);
-  return kind ? kind->family : std::string_view();
-}
-
 Ref<NSAppearance>& drawingAppearance() {
   static auto& appearance = *new Ref<NSAppearance>;
   return appearance;
@@ -44,13 +20,34 @@ Ref<NSAppearance>& drawingAppearance() {
 
 }  // namespace
 
-NSAppearance::NSAppearance(std::string_view name) : name_(name), family_(familyOf(name)) {}
+struct NSAppearance::Known {
+  std::string_view name;
+  Family family;
+};
+
+constexpr NSAppearance::Known NSAppearance::known[] = {
+    {NSAppearanceNameAqua, Family::light},
+    {NSAppearanceNameDarkAqua, Family::dark},
+    {NSAppearanceNameVibrantLight, Family::light},
+    {NSAppearanceNameVibrantDark, Family::dark},
+    {NSAppearanceNameAccessibilityAqua, Family::light},
+    {NSAppearanceNameAccessibilityDarkAqua, Family::dark},
+    {NSAppearanceNameUnknown, Family::none},
+};
+
+const NSAppearance::Known* NSAppearance::find(std::string_view name) {
+  const auto* found = std::ranges::find(known, name, &Known::name);
+  return found == std::end(known) ? nullptr : found;
+}
+
+NSAppearance::NSAppearance(std::string_view name)
+    : name_(name), family_(find(name) ? find(name)->family : Family::none) {}
 
 Ref<NSAppearance> NSAppearance::named(std::string_view name) {
-  static auto& known = *new std::array<Ref<NSAppearance>, kinds.size()>;
-  const Kind* kind = findKind(name);
-  if (!kind) return make<NSAppearance>(name);
-  auto& appearance = known[static_cast<std::size_t>(kind - kinds.data())];
+  static auto& made = *new std::array<Ref<NSAppearance>, std::size(known)>;
+  const auto* entry = find(name);
+  if (!entry) return make<NSAppearance>(name);
+  auto& appearance = made[static_cast<std::size_t>(entry - known)];
   if (!appearance) appearance = permanentObject<NSAppearance>(name);
   return appearance;
 }
@@ -58,9 +55,9 @@ Ref<NSAppearance> NSAppearance::named(std::string_view name) {
 std::optional<std::string_view> NSAppearance::bestMatch(std::span<const std::string_view> names) const {
   const auto own = std::ranges::find(names, name_);
   if (own != names.end()) return *own;
-  const auto family = family_.empty() ? names.end() : std::ranges::find(names, family_);
-  if (family != names.end()) return *family;
-  return std::nullopt;
+  if (family_ == Family::none) return std::nullopt;
+  const auto family = std::ranges::find(names, isDark() ? NSAppearanceNameDarkAqua : NSAppearanceNameAqua);
+  return family == names.end() ? std::nullopt : std::optional(*family);
 }
 
 Ref<NSAppearance> NSAppearance::currentDrawing() {

@@ -34,6 +34,9 @@ class NSAppearance : public NSObject {
   /// `names`.
   [[nodiscard]] std::optional<std::string_view> bestMatch(std::span<const std::string_view> names) const;
 
+  /// Whether it stems from the dark family, as `bestMatch` would tell of the two families.
+  [[nodiscard]] bool isDark() const { return family_ == Family::dark; }
+
   /// The appearance for which drawing code draws: the innermost one that is being performed, outside
   /// any the application's effective one. Main thread only.
   [[nodiscard]] static Ref<NSAppearance> currentDrawing();
@@ -50,8 +53,13 @@ class NSAppearance : public NSObject {
 
   explicit NSAppearance(std::string_view name);
 
+  enum class Family { none, light, dark };
+  struct Known;
+  static const Known known[];
+  [[nodiscard]] static const Known* find(std::string_view name);
+
   const std::string name_;
-  const std::string_view family_;
+  const Family family_;
 };
 
 }  // namespace bkuk

@@ -4,7 +4,10 @@
 #include <cstdio>
 #include <utility>
 
+#include "host/Accessibility.h"
+#include "host/Desktop.h"
 #include "host/Host.h"
+#include "host/Settings.h"
 #include "platform/appkit/NSEventMonitor.h"
 #include "platform/appkit/NSWindow.h"
 #include "platform/appkit/accessibility/AccessibilityTree.h"
@@ -65,9 +68,9 @@ NSApplication& NSApplication::shared() {
 NSApplication::NSApplication() = default;
 
 void NSApplication::attach(host::Host& host) {
-  host.setAccessibilityTree(&AccessibilityTree::shared());
-  host.setAppearanceHandler([this] { refreshEffectiveAppearance(); });
-  tellIdentity(host);
+  host.accessibility().setTree(&AccessibilityTree::shared());
+  host.settings().setAppearanceHandler([this] { refreshEffectiveAppearance(); });
+  tellIdentity(host.desktop());
   if (effectiveAppearance_) refreshEffectiveAppearance();
 }
 
@@ -95,12 +98,12 @@ void NSApplication::identityDidChange(std::string_view setter) const {
     std::fprintf(stderr, "NSApplication: a window was shown already; call %s before the first one is\n",
                  std::string(setter).c_str());
   }
-  if (auto* host = host::currentIfAny()) tellIdentity(*host);
+  if (auto* host = host::currentIfAny()) tellIdentity(host->desktop());
 }
 
-void NSApplication::tellIdentity(host::Host& host) const {
-  host.setIdentity({applicationName_, desktopIdentifier_,
-                    applicationIconImage_ ? iconBitmap(*applicationIconImage_) : nullptr});
+void NSApplication::tellIdentity(host::Desktop& desktop) const {
+  desktop.setIdentity({applicationName_, desktopIdentifier_,
+                       applicationIconImage_ ? iconBitmap(*applicationIconImage_) : nullptr});
 }
 
 // Appearance and answers
@@ -111,7 +114,7 @@ void NSApplication::setAppearance(Ref<NSAppearance> appearance) {
 }
 
 void NSApplication::refreshEffectiveAppearance() {
-  auto appearance = appearance_ ? appearance_ : appearanceOf(host::current().appearance());
+  auto appearance = appearance_ ? appearance_ : appearanceOf(host::current().settings().appearance());
   if (effectiveAppearance_ && effectiveAppearance_->isEqual(appearance.get())) return;
   const bool isFirst = !std::exchange(effectiveAppearance_, std::move(appearance));
   if (isFirst) return;
@@ -133,7 +136,7 @@ void NSApplication::setUserInterfaceLayoutDirection(std::optional<NSUserInterfac
 }
 
 bool NSApplication::isFullKeyboardAccessEnabled() const {
-  return host::current().isFullKeyboardAccessEnabled();
+  return host::current().settings().isFullKeyboardAccessEnabled();
 }
 
 // Windows

@@ -12,6 +12,7 @@
 namespace bkuk {
 
 namespace host {
+class Desktop;
 class Host;
 }
 
@@ -90,7 +91,7 @@ class NSApplication : public NSResponder {
   friend class NSWindow;
 
   void attach(host::Host& host);
-  void tellIdentity(host::Host& host) const;
+  void tellIdentity(host::Desktop& desktop) const;
   void identityDidChange(std::string_view setter) const;
   void refreshEffectiveAppearance();
   void tellWindowsOfAppearance();

@@ -1,5 +1,6 @@
 #include "platform/appkit/NSResponder.h"
 
+#include "host/Desktop.h"
 #include "host/Host.h"
 
 namespace bkuk {
@@ -30,7 +31,7 @@ void NSResponder::flagsChanged(NSEvent& event) { passOn(&NSResponder::flagsChang
 bool NSResponder::performKeyEquivalent(NSEvent&) { return false; }
 
 void NSResponder::noResponderFor(NSEvent& event) {
-  if (event.type() == NSEventType::keyDown) host::current().beep();
+  if (event.type() == NSEventType::keyDown) host::current().desktop().beep();
 }
 
 }  // namespace bkuk

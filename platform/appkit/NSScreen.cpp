@@ -1,5 +1,6 @@
 #include "platform/appkit/NSScreen.h"
 
+#include "host/Desktop.h"
 #include "host/Host.h"
 
 namespace bkuk {
@@ -16,7 +17,7 @@ NSRect rectOf(const host::Rect& rect) { return {rect.x, rect.y, rect.width, rect
 }  // namespace
 
 std::vector<NSScreen> NSScreen::screens() {
-  const auto hostScreens = host::current().screens();
+  const auto hostScreens = host::current().desktop().screens();
   std::vector<NSScreen> result;
   result.reserve(hostScreens.size());
   for (const auto& screen : hostScreens) {
@@ -28,6 +29,8 @@ std::vector<NSScreen> NSScreen::screens() {
 
 NSScreen NSScreen::main() { return screens().front(); }
 
-NSRect NSScreenFlipped(const NSRect& rect) { return flippedAgainst(host::current().screens().front(), rect); }
+NSRect NSScreenFlipped(const NSRect& rect) {
+  return flippedAgainst(host::current().desktop().screens().front(), rect);
+}
 
 }  // namespace bkuk

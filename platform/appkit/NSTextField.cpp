@@ -20,9 +20,7 @@ constexpr auto measuring = NSStringDrawingOptions::usesFontLeading;
 class TextColor final : public NSColor {
  public:
   [[nodiscard]] Ref<CGColor> cgColor() const override {
-    const std::string_view names[] = {NSAppearanceNameAqua, NSAppearanceNameDarkAqua};
-    const auto appearance = NSApplication::shared().effectiveAppearance();
-    const bool isDark = appearance->bestMatch(names) == NSAppearanceNameDarkAqua;
+    const bool isDark = NSApplication::shared().effectiveAppearance()->isDark();
     return (isDark ? NSColor::white() : NSColor::black())->cgColor();
   }
 };

@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <utility>
 
+#include "host/Desktop.h"
 #include "host/FrameClamp.h"
 #include "host/Host.h"
 #include "host/KeyCodes.h"
@@ -205,7 +206,7 @@ void NSWindow::makeHostWindow() {
   const bool isInFrontOfParent = parent && orderAsChild_ != NSWindowOrderingMode::below;
   options.parent = isInFrontOfParent ? parent->hostWindow_.get() : nullptr;
   options.frame = hostRect(NSScreenFlipped(frame_));
-  hostWindow_ = host::current().makeWindow(options, *client_);
+  hostWindow_ = host::current().desktop().makeWindow(options, *client_);
   hostWindow_->setTitle(title_);
   hostWindow_->setOpacity(alphaValue_);
   hostWindow_->setCursor(NSCursor::current()->shape());

@@ -1,15 +1,16 @@
 #include "platform/appkit/NSWorkspace.h"
 
 #include "host/Host.h"
+#include "host/Settings.h"
 
 namespace bkuk {
 
 bool NSWorkspace::accessibilityDisplayShouldReduceMotion() {
-  return host::current().appearance().reducedMotion;
+  return host::current().settings().appearance().reducedMotion;
 }
 
 bool NSWorkspace::accessibilityDisplayShouldIncreaseContrast() {
-  return host::current().appearance().highContrast;
+  return host::current().settings().appearance().highContrast;
 }
 
 }  // namespace bkuk

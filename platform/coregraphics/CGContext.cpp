@@ -5,6 +5,7 @@
 #include <optional>
 #include <utility>
 
+#include "host/Drawing.h"
 #include "host/Host.h"
 #include "platform/coregraphics/BitmapShadow.h"
 #include "platform/coregraphics/CGBaseline.h"
@@ -297,7 +298,7 @@ void CGContext::paintShadow(const CGRect& box, Draw draw) {
   const host::PixelRect area = pixelsOf(shadow.intersection(outset(state().clipBox, reach)));
   host::Bitmap image({area.width, area.height});
   if (image.isEmpty()) return;
-  auto canvas = host::current().makeCanvas(image);
+  auto canvas = host::current().drawing().makeCanvas(image);
   canvas->setAntialias(state().settings(allows_).antialias);
   canvas->concatenate({1, 0, 0, 1, offset.width - area.x, offset.height - area.y});
   draw(*canvas);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "host/Drawing.h"
 #include "host/Host.h"
 #include "platform/coregraphics/CGMutablePath.h"
 #include "platform/coregraphics/HostConversions.h"
@@ -115,7 +116,7 @@ Ref<CGPath> CGPath::copyStrokingWithWidth(CGFloat width, CGLineCap cap, CGLineJo
   std::vector<host::PathElement> line;
   if (!(width > 0) || !appendHostPath(line, opened->elements())) return make<CGPath>();
   host::Bitmap scratch({1, 1});
-  const auto canvas = host::current().makeCanvas(scratch);
+  const auto canvas = host::current().drawing().makeCanvas(scratch);
   const auto outline = canvas->outline(line, {width, toHost(cap), toHost(join), miterLimit, 0, {}});
   std::vector<CGPathElement> elements;
   std::ranges::transform(outline, std::back_inserter(elements), fromHost);

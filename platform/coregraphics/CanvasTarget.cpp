@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "host/Drawing.h"
 #include "host/Host.h"
 #include "platform/foundation/Fatal.h"
 
@@ -24,7 +25,7 @@ void CanvasTarget::request() {
   const auto steps = std::exchange(steps_, {});
   host::Bitmap* bitmap = provider();
   if (!bitmap || bitmap->isEmpty()) return;
-  canvas_ = host::current().makeCanvas(*bitmap);
+  canvas_ = host::current().drawing().makeCanvas(*bitmap);
   canvas_->setAlpha(applied_.alpha);
   canvas_->setBlendMode(applied_.blendMode);
   canvas_->setAntialias(applied_.antialias);

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <utility>
 
+#include "host/Drawing.h"
 #include "host/Host.h"
 
 namespace bkuk {
@@ -26,17 +27,17 @@ CTFont::CTFont(std::shared_ptr<const host::Font> font, CGFloat size)
 
 Ref<CTFont> CTFont::systemFont(CGFloat size, host::FontWeight weight) {
   size = CTFontUsableSize(size, usualSize);
-  return made(host::current().fonts().systemFont(size, weight), size);
+  return made(host::current().drawing().fonts().systemFont(size, weight), size);
 }
 
 Ref<CTFont> CTFont::font(std::string_view postScriptName, CGFloat size) {
   size = CTFontUsableSize(size, usualSize);
-  return made(host::current().fonts().font(postScriptName, size), size);
+  return made(host::current().drawing().fonts().font(postScriptName, size), size);
 }
 
 Ref<CTFont> CTFont::fontInFamily(std::string_view family, host::FontWeight weight, CGFloat size) {
   size = CTFontUsableSize(size, usualSize);
-  return made(host::current().fonts().fontInFamily(family, size, weight), size);
+  return made(host::current().drawing().fonts().fontInFamily(family, size, weight), size);
 }
 
 CGRect CTFont::boundingBox() const {

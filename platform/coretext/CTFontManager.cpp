@@ -3,6 +3,7 @@
 #include <charconv>
 #include <string>
 
+#include "host/Drawing.h"
 #include "host/Host.h"
 
 namespace bkuk {
@@ -43,7 +44,7 @@ CTFontManagerError errorOf(Status status) {
 
 bool CTFontManagerRegisterFontsForURL(std::string_view fontURL, CTFontManagerScope /*scope*/,
                                       CTFontManagerError* error) {
-  const auto status = host::current().fonts().registerFile(pathOf(fontURL)).status;
+  const auto status = host::current().drawing().fonts().registerFile(pathOf(fontURL)).status;
   if (status == Status::registered) return true;
   if (error) *error = errorOf(status);
   return false;

@@ -1,6 +1,7 @@
 #include "platform/foundation/NSProcessInfo.h"
 
 #include "host/Host.h"
+#include "host/Settings.h"
 
 namespace bkuk {
 
@@ -10,7 +11,7 @@ NSProcessInfo& NSProcessInfo::processInfo() {
 }
 
 bool NSProcessInfo::isOperatingSystemAtLeast(int major, int minor) const {
-  return host::current().systemVersion() >= host::SystemVersion{major, minor};
+  return host::current().settings().systemVersion() >= host::SystemVersion{major, minor};
 }
 
 }  // namespace bkuk

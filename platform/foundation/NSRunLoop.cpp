@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "host/Host.h"
+#include "host/Loop.h"
 #include "platform/foundation/DispatchQueue.h"
 #include "platform/foundation/Fatal.h"
 #include "platform/foundation/NSThread.h"
@@ -82,7 +83,7 @@ NSRunLoopMode NSRunLoop::currentMode() const {
 
 void NSRunLoop::attach(host::Host& host) {
   static auto& client = *new MainLoopClient;
-  host.setLoopClient(&client);
+  host.loop().setClient(&client);
   main().scheduleHost();
 }
 
@@ -108,7 +109,7 @@ void NSRunLoop::step() {
   const Setting<State> state(state_, State::inTurn);
   DispatchQueue::main().runWaitingBlocks();
   fireDueTimers();
-  host::current().dispatchEvent();
+  host::current().loop().dispatchEvent();
   needsTurn_ = false;
   runTurnEndObservers();
   scheduleHost();
@@ -121,7 +122,7 @@ void NSRunLoop::run() {
 
 void NSRunLoop::run(NSRunLoopMode mode, double untilDate) {
   Run run(*this, mode);
-  runTurns(run, untilDate, [untilDate] { return host::current().now() < untilDate; });
+  runTurns(run, untilDate, [untilDate] { return host::current().loop().now() < untilDate; });
 }
 
 void NSRunLoop::run(NSRunLoopMode mode, const std::function<bool()>& condition) {
@@ -145,7 +146,7 @@ void NSRunLoop::stop() {
 void NSRunLoop::waitForWork(std::optional<double> until) {
   if (hasWaitingWork()) return;
   const Setting<State> state(state_, State::waiting);
-  host::current().wait(earlier(nextFireDate(), until));
+  host::current().loop().wait(earlier(nextFireDate(), until));
 }
 
 bool NSRunLoop::hasWaitingWork() const { return needsTurn_ || DispatchQueue::main().hasWaitingBlocks(); }
@@ -163,7 +164,7 @@ std::optional<double> NSRunLoop::nextFireDate() const {
 
 void NSRunLoop::fireDueTimers() {
   const auto mode = currentMode();
-  const double now = host::current().now();
+  const double now = host::current().loop().now();
   auto due = std::exchange(dueTimers_, {});
   for (const auto& timer : timers_) {
     if (timer->fireDate_ > now) break;
@@ -183,7 +184,7 @@ void NSRunLoop::fire(const Ref<NSTimer>& timer) {
   timer->fireDateWasSet_ = false;
   if (timer->isValid()) timer->fire();
   if (!timer->isValid()) return timer->invalidate();
-  if (!timer->fireDateWasSet_) timer->advanceFireDate(host::current().now());
+  if (!timer->fireDateWasSet_) timer->advanceFireDate(host::current().loop().now());
   timer->isQueued_ = true;
   timers_.insert(std::move(node));
 }
@@ -237,13 +238,13 @@ void NSRunLoop::setNeedsTurn() {
 }
 
 void NSRunLoop::scheduleHost() const {
-  auto& host = host::current();
-  host.scheduleTurn(hasWaitingWork() ? host.now() : nextFireDate());
+  auto& loop = host::current().loop();
+  loop.scheduleTurn(hasWaitingWork() ? loop.now() : nextFireDate());
 }
 
 void NSRunLoop::scheduleHostOutsideTurn() const {
   if (state_ == State::idle) scheduleHost();
-  if (state_ == State::waiting) host::current().wake();
+  if (state_ == State::waiting) host::current().loop().wake();
 }
 
 }  // namespace bkuk

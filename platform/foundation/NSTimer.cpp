@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "host/Host.h"
+#include "host/Loop.h"
 #include "platform/foundation/Fatal.h"
 #include "platform/foundation/NSRunLoop.h"
 
@@ -26,7 +27,7 @@ Ref<NSTimer> scheduled(Ref<NSTimer> timer) {
 
 NSTimer::NSTimer(double timeInterval, Action action, Ref<NSObject> userInfo, bool repeats)
     : timeInterval_(timeInterval > 0 ? timeInterval : shortestInterval),
-      fireDate_(host::current().now() + timeInterval_),
+      fireDate_(host::current().loop().now() + timeInterval_),
       anchorDate_(fireDate_),
       repeats_(repeats),
       action_(std::move(action)),

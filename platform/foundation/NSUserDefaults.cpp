@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "host/Host.h"
+#include "host/Settings.h"
 #include "platform/foundation/Permanent.h"
 
 namespace bkuk {
@@ -19,7 +20,7 @@ std::string languageTag(std::string_view name) {
 
 std::optional<NSUserDefaults::Value> hostLanguages() {
   NSUserDefaults::Array tags;
-  for (const auto& name : host::current().languages()) {
+  for (const auto& name : host::current().settings().languages()) {
     if (auto tag = languageTag(name); !tag.empty()) tags.emplace_back(std::move(tag));
   }
   if (tags.empty()) return {};

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "host/Host.h"
+#include "host/Loop.h"
 #include "platform/foundation/NSRunLoop.h"
 #include "platform/quartzcore/CompletionGroup.h"
 #include "platform/quartzcore/LayerAccess.h"
@@ -30,7 +31,7 @@ void LayerAnimator::addUnstarted(CALayer& layer) { unstarted_.emplace_back(&laye
 
 void LayerAnimator::start(const CARenderer& renderer) {
   if (unstarted_.empty()) return;
-  const auto now = host::current().now();
+  const auto now = host::current().loop().now();
   // With others on their way, the new ones stand at their start until the next frame. Another host's clock
   // may have been ahead.
   if (running_.empty() || frameTime_ > now) frameTime_ = now;
@@ -67,7 +68,7 @@ void LayerAnimator::ensureTimer(double now) {
 }
 
 void LayerAnimator::step() {
-  const auto now = frameTime_ = host::current().now();
+  const auto now = frameTime_ = host::current().loop().now();
   const auto snapshot = std::exchange(running_, {});
   for (const auto& weak : snapshot) {
     const auto layer = weak.lock();

@@ -190,7 +190,7 @@ TEST_F(NSImageTest, ReadsFilesByTheirContents) {
 TEST_F(NSImageTest, DrawingsAreReadWhereTheHostCan) {
   constexpr std::string_view drawing =
       "<svg xmlns='http://www.w3.org/2000/svg' width='10' height='20'><rect width='10' height='20'/></svg>";
-  const auto decoded = host->decodeImage(std::as_bytes(std::span(drawing)));
+  const auto decoded = host->drawing().decodeImage(std::as_bytes(std::span(drawing)));
   const auto image = NSImage::contentsOf(writeText("drawing.svg", drawing));
   if (decoded.fault == host::ImageFault::notSupported) {
     EXPECT_FALSE(image);

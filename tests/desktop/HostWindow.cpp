@@ -18,7 +18,11 @@
 #include <thread>
 #include <utility>
 
+#include "host/Desktop.h"
+#include "host/Drawing.h"
 #include "host/Host.h"
+#include "host/Loop.h"
+#include "host/Settings.h"
 
 namespace bkuk::host {
 namespace {
@@ -67,28 +71,28 @@ Rgba colorOf(ColorScheme scheme) {
 class Program final : public WindowClient, public LoopClient {
  public:
   explicit Program(const Options& options) : options_(options), host_(current()) {
-    host_.setLoopClient(this);
-    host_.setIdentity(options.identity);
+    host_.loop().setClient(this);
+    host_.desktop().setIdentity(options.identity);
     tellAppearance();
-    host_.setAppearanceHandler([this] { tellAppearance(); });
-    window_ = host_.makeWindow(options.window, *this);
+    host_.settings().setAppearanceHandler([this] { tellAppearance(); });
+    window_ = host_.desktop().makeWindow(options.window, *this);
     window_->setTitle("host window");
-    say("display %d placing %d", host_.hasDisplay(), host_.canPlaceWindows());
+    say("display %d placing %d", host_.desktop().hasDisplay(), host_.desktop().canPlaceWindows());
     window_->show();
     window_->activate();
   }
 
   void runUntilDone() {
     while (!isDone_) {
-      if (!host_.dispatchEvent()) host_.wait(std::nullopt);
+      if (!host_.loop().dispatchEvent()) host_.loop().wait(std::nullopt);
       paintIfNeeded();
     }
   }
 
   void turn() override {
-    host_.dispatchEvent();
+    host_.loop().dispatchEvent();
     paintIfNeeded();
-    host_.scheduleTurn(std::nullopt);
+    host_.loop().scheduleTurn(std::nullopt);
     if (isDone_) QCoreApplication::quit();
   }
 
@@ -98,7 +102,7 @@ class Program final : public WindowClient, public LoopClient {
 
   void finish() {
     isDone_ = true;
-    host_.wake();
+    host_.loop().wake();
   }
 
  private:
@@ -148,7 +152,7 @@ class Program final : public WindowClient, public LoopClient {
   void handle(const DismissEvent&) { say("dismiss"); }
 
   void tellAppearance() {
-    const auto appearance = host_.appearance();
+    const auto appearance = host_.settings().appearance();
     say("appearance %s contrast %d motion %d accent %s", name(appearance.scheme), appearance.highContrast,
         appearance.reducedMotion, appearance.accent ? "yes" : "no");
     needsPaint_ = true;
@@ -166,7 +170,8 @@ class Program final : public WindowClient, public LoopClient {
                                   {Kind::line, {{width, 0}}},
                                   {Kind::line, {{width, height}}},
                                   {Kind::line, {{0, height}}}};
-    host_.makeCanvas(image_)->fill(square, FillRule::winding, colorOf(host_.appearance().scheme));
+    host_.drawing().makeCanvas(image_)->fill(square, FillRule::winding,
+                                             colorOf(host_.settings().appearance().scheme));
     window_->present(image_, {&all, 1});
     say("presented %d,%d", size.width, size.height);
   }

@@ -19,7 +19,7 @@ class NSRunLoopTest : public LoopTest {
 TEST_F(NSRunLoopTest, ATurnRunsBlocksTimersOneEventAndTurnEndObserversInThisOrder) {
   const auto last = loop.addTurnEndObserver(2, note("last"));
   const auto commit = loop.addTurnEndObserver(1, note("commit"));
-  host->setAppearanceHandler(note("event"));
+  host->settings().setAppearanceHandler(note("event"));
   const auto timer = NSTimer::scheduledTimer(1, false, [&](NSTimer&) { log.push_back("timer"); });
   timer->setFireDate(host->now());
   DispatchQueue::main().async(note("block"));

@@ -20,24 +20,24 @@ class AppearanceRelayTest : public ::testing::Test {
 TEST_F(AppearanceRelayTest, ReadsTheOldAnswerUntilTheChangeIsDelivered) {
   relay.announce(dark);
   EXPECT_EQ(relay.current(), Appearance());
-  EXPECT_TRUE(relay.deliver());
+  EXPECT_TRUE(relay.dispatch());
   EXPECT_EQ(told, std::vector{dark});
-  EXPECT_FALSE(relay.deliver());
+  EXPECT_FALSE(relay.dispatch());
 }
 
 TEST_F(AppearanceRelayTest, TellsNobodyOfAChangeTakenBack) {
   relay.announce(dark);
   relay.announce({});
-  EXPECT_FALSE(relay.deliver());
+  EXPECT_FALSE(relay.dispatch());
   EXPECT_TRUE(told.empty());
 }
 
 TEST_F(AppearanceRelayTest, StandsAHandlerThatReplacesItself) {
   relay.setHandler([this] { relay.setHandler({}); });
   relay.announce(dark);
-  EXPECT_TRUE(relay.deliver());
+  EXPECT_TRUE(relay.dispatch());
   relay.announce({});
-  EXPECT_TRUE(relay.deliver());
+  EXPECT_TRUE(relay.dispatch());
 }
 
 }  // namespace

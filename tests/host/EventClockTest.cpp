@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "host/qt/EventClock.h"
+#include "host/qt/desktop/EventClock.h"
 
 namespace bkuk::host {
 namespace {

@@ -35,8 +35,8 @@ class EventQueueTest : public ::testing::Test, public WindowClient {
   }
 
   VirtualHost desktop;
-  std::unique_ptr<Window> window = desktop.makeWindow({}, *this);
-  std::unique_ptr<Window> other = desktop.makeWindow({}, *this);
+  std::unique_ptr<Window> window = desktop.desktop().makeWindow({}, *this);
+  std::unique_ptr<Window> other = desktop.desktop().makeWindow({}, *this);
   EventQueue queue;
   std::vector<WindowEvent> heard;
   std::function<void()> onEvent;

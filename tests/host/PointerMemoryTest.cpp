@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "host/PointerMemory.h"
+#include "host/support/PointerMemory.h"
 
 namespace bkuk::host {
 namespace {

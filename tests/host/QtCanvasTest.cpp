@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 #include <limits>
 
-#include "host/qt/QtCanvas.h"
+#include "host/qt/drawing/QtCanvas.h"
 
 namespace bkuk::host {
 namespace {

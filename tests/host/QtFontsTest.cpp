@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 #include <limits>
 
-#include "host/qt/QtCanvas.h"
+#include "host/qt/drawing/QtCanvas.h"
 #include "host/qt/text/QtFonts.h"
 
 namespace bkuk::host {

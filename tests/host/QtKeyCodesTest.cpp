@@ -2,7 +2,7 @@
 #include <set>
 
 #include "host/Events.h"
-#include "host/qt/QtKeyCodes.h"
+#include "host/qt/desktop/QtKeyCodes.h"
 
 namespace bkuk::host {
 namespace {

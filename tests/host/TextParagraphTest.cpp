@@ -2,7 +2,7 @@
 #include <numeric>
 #include <set>
 
-#include "host/qt/QtCanvas.h"
+#include "host/qt/drawing/QtCanvas.h"
 #include "host/qt/text/QtFonts.h"
 #include "host/qt/text/QtTextLine.h"
 

@@ -156,7 +156,7 @@ TEST_F(LayerAnimation, FillModesRepeatsAndReversals) {
 
 TEST_F(LayerAnimation, OneThatSleptCatchesUpInOneStep) {
   start();
-  host::current().wait(host::current().now() + 0.5);
+  host::current().loop().wait(host::current().loop().now() + 0.5);
   window.host->settle();
   window.update();
   EXPECT_NEAR(window.green(10, 30), 128, 5);

@@ -13,7 +13,7 @@ using ::testing::ElementsAre;
 // A run loop of nothing but timers, which are handlers by date.
 class TimerLoop final : public host::LoopClient {
  public:
-  explicit TimerLoop(VirtualHost& desktop) : desktop_(desktop) { desktop.setLoopClient(this); }
+  explicit TimerLoop(VirtualHost& desktop) : desktop_(desktop) { desktop.loop().setClient(this); }
 
   void add(double date, std::function<void()> handler) {
     timers_.emplace(date, std::move(handler));
@@ -26,7 +26,7 @@ class TimerLoop final : public host::LoopClient {
       const auto handler = timers_.extract(timers_.begin()).mapped();
       handler();
     }
-    desktop_.dispatchEvent();
+    desktop_.loop().dispatchEvent();
     schedule();
   }
 
@@ -34,7 +34,7 @@ class TimerLoop final : public host::LoopClient {
 
  private:
   void schedule() {
-    desktop_.scheduleTurn(timers_.empty() ? std::nullopt : std::optional(timers_.begin()->first));
+    desktop_.loop().scheduleTurn(timers_.empty() ? std::nullopt : std::optional(timers_.begin()->first));
   }
 
   VirtualHost& desktop_;
@@ -70,32 +70,32 @@ TEST_F(VirtualHostTest, WorkThatAHandlerAddsHappensInTheSameAdvance) {
 }
 
 TEST_F(VirtualHostTest, WaitingMovesTheClockAndNeverSleeps) {
-  desktop.wait(1002);
+  desktop.loop().wait(1002);
   EXPECT_EQ(desktop.now(), 1002);
-  desktop.wait(900);
+  desktop.loop().wait(900);
   EXPECT_EQ(desktop.now(), 1002);
-  desktop.wake();
-  desktop.wait(2000);
+  desktop.loop().wake();
+  desktop.loop().wait(2000);
   EXPECT_EQ(desktop.now(), 1002);
   bool idle = false;
   desktop.setIdleHandler([&] { idle = true; });
-  desktop.wait(std::nullopt);
+  desktop.loop().wait(std::nullopt);
   EXPECT_TRUE(idle);
 }
 
 TEST_F(VirtualHostTest, AWakeFromAnotherThreadMakesATurn) {
-  loop.add(1000, [this] { std::thread([this] { desktop.wake(); }).join(); });
+  loop.add(1000, [this] { std::thread([this] { desktop.loop().wake(); }).join(); });
   desktop.settle();
   EXPECT_EQ(loop.turns, 2);
 }
 
 TEST_F(VirtualHostTest, AppearanceChangesAreToldOnceEach) {
   int changes = 0;
-  desktop.setAppearanceHandler([&] { ++changes; });
+  desktop.settings().setAppearanceHandler([&] { ++changes; });
   desktop.setAppearance({.scheme = host::ColorScheme::dark});
   desktop.setAppearance({.scheme = host::ColorScheme::dark});
   EXPECT_EQ(changes, 1);
-  EXPECT_EQ(desktop.appearance().scheme, host::ColorScheme::dark);
+  EXPECT_EQ(desktop.settings().appearance().scheme, host::ColorScheme::dark);
 }
 
 TEST(VirtualHostScope, PutsTheHostBeforeBack) {
@@ -104,9 +104,9 @@ TEST(VirtualHostScope, PutsTheHostBeforeBack) {
   {
     VirtualHostScope inner;
     EXPECT_EQ(&host::current(), &*inner);
-    EXPECT_EQ(host::current().now(), 1000);
+    EXPECT_EQ(host::current().loop().now(), 1000);
   }
-  EXPECT_EQ(host::current().now(), 1005);
+  EXPECT_EQ(host::current().loop().now(), 1005);
 }
 
 }  // namespace

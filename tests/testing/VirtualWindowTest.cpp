@@ -44,8 +44,9 @@ class VirtualWindowTest : public ::testing::Test {
   VirtualHost desktop;
   Client client;
   Client otherClient;
-  std::unique_ptr<host::Window> window = desktop.makeWindow({.frame = {100, 100, 50, 40}}, client);
-  std::unique_ptr<host::Window> other = desktop.makeWindow({.frame = {400, 100, 50, 40}}, otherClient);
+  std::unique_ptr<host::Window> window = desktop.desktop().makeWindow({.frame = {100, 100, 50, 40}}, client);
+  std::unique_ptr<host::Window> other =
+      desktop.desktop().makeWindow({.frame = {400, 100, 50, 40}}, otherClient);
 };
 
 TEST_F(VirtualWindowTest, ThePointerEntersAndLeavesByItself) {
@@ -108,7 +109,7 @@ TEST_F(VirtualWindowTest, AHandlerMayDestroyItsWindow) {
 TEST_F(VirtualWindowTest, ADragEndsWithItsWindow) {
   for (const auto last : {Kind::enter, Kind::press, Kind::move, Kind::release}) {
     client.pointers.clear();
-    window = desktop.makeWindow({.frame = {100, 100, 50, 40}}, client);
+    window = desktop.desktop().makeWindow({.frame = {100, 100, 50, 40}}, client);
     client.onEvent = [this, last] {
       if (!client.pointers.empty() && client.pointers.back().kind == last) window.reset();
     };

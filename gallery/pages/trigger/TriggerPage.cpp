@@ -6,6 +6,7 @@
 #include "gallery/chrome/Direction.h"
 #include "gallery/pages/trigger/TriggerButton.h"
 #include "host/Host.h"
+#include "host/Loop.h"
 
 namespace bkuk::gallery {
 
@@ -81,7 +82,7 @@ TriggerPage::Delay TriggerPage::makeDelay(std::string name, Slider::Range range,
 void TriggerPage::step(int by) {
   number_ += by;
   numberLabel_->setText(std::to_string(number_));
-  pulses_->mark(host::current().now());
+  pulses_->mark(host::current().loop().now());
 }
 
 std::vector<NSView*> TriggerPage::keyViews() const {

@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "host/qt/QtApplication.h"
+#include "host/qt/desktop/QtApplication.h"
 #include "host/qt/text/QtFont.h"
 #include "host/qt/text/QtLanguageFaces.h"
 #include "host/support/FontStandIns.h"

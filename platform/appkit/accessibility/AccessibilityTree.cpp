@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "host/Accessibility.h"
 #include "host/Host.h"
 #include "platform/appkit/NSWindow.h"
 #include "platform/appkit/accessibility/AccessibilityHostElement.h"
@@ -24,10 +25,10 @@ constexpr std::pair<NSAccessibilityNotificationName, Kind> notifications[] = {
     {NSAccessibilityStateChangedNotification, Kind::state},
 };
 
-// The host, if somebody listens there.
-host::Host* listener() {
+// Whom to tell, if somebody listens there.
+host::Accessibility* listener() {
   auto* host = host::currentIfAny();
-  return host && host->hasAssistiveClient() ? host : nullptr;
+  return host && host->accessibility().hasClient() ? &host->accessibility() : nullptr;
 }
 
 // The element itself or the nearest around it that is one; none in a place without.
@@ -67,17 +68,17 @@ AccessibilityTree& AccessibilityTree::shared() {
 // Changes
 
 void AccessibilityTree::post(NSAccessibility& element, Kind kind) {
-  auto* host = listener();
-  if (!host) return;
+  auto* clients = listener();
+  if (!clients) return;
   Ref<NSAccessibility> subject(&element);
   if (kind == Kind::focus) subject = nearestElement(element.accessibilityFocusedUIElement());
-  if (subject) host->announce({kind, idOf(*subject)});
+  if (subject) clients->announce({kind, idOf(*subject)});
 }
 
 void AccessibilityTree::postFocus(NSWindow& window) {
-  auto* host = listener();
-  if (!host) return;
-  if (const auto element = focusedElement(window)) host->announce({Kind::focus, idOf(*element)});
+  auto* clients = listener();
+  if (!clients) return;
+  if (const auto element = focusedElement(window)) clients->announce({Kind::focus, idOf(*element)});
 }
 
 void AccessibilityTree::markChildren(NSAccessibility& container) {
@@ -94,7 +95,7 @@ void AccessibilityTree::tellChangedParents() {
 
 void AccessibilityTree::forget(host::AccessibilityId id) {
   elements_.erase(id);
-  if (auto* host = listener()) host->announce({Kind::destroyed, id});
+  if (auto* clients = listener()) clients->announce({Kind::destroyed, id});
 }
 
 host::AccessibilityId AccessibilityTree::idOf(NSAccessibility& element) {

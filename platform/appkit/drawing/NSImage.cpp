@@ -6,6 +6,8 @@
 #include <fstream>
 #include <utility>
 
+#include "host/Desktop.h"
+#include "host/Drawing.h"
 #include "host/Host.h"
 #include "platform/foundation/CGRoundedUp.h"
 
@@ -26,7 +28,7 @@ host::PixelSize pixelsFor(CGSize size) {
   constexpr double most = 1 << 24;
   constexpr double longest = 8192;
   if (!hasExtent(size)) return {};
-  const auto scale = std::min({host::current().screens().front().scale, longest / size.width,
+  const auto scale = std::min({host::current().desktop().screens().front().scale, longest / size.width,
                                longest / size.height, std::sqrt(most / size.width / size.height)});
   return {static_cast<int>(CGRoundedUp(size.width * scale)),
           static_cast<int>(CGRoundedUp(size.height * scale))};
@@ -93,7 +95,7 @@ Ref<NSImage> NSImage::contentsOf(const std::string& path, CGFloat scale) {
 }
 
 Ref<NSImage> NSImage::data(std::span<const std::byte> bytes, CGFloat scale) {
-  const auto representation = representationOf(host::current().decodeImage(bytes), scale);
+  const auto representation = representationOf(host::current().drawing().decodeImage(bytes), scale);
   if (!representation) return nullptr;
   auto image = make<NSImage>(representation->size());
   image->addRepresentation(representation);

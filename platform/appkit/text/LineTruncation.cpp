@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string>
 
+#include "host/Drawing.h"
 #include "host/Host.h"
 #include "platform/appkit/text/LineBreaker.h"
 
@@ -15,7 +16,7 @@ constexpr CGFloat tolerance = 1e-6;
 
 std::shared_ptr<const host::TextParagraph> shape(std::u16string_view text, const TextRuns& runs,
                                                  host::TextDirection direction) {
-  return host::current().fonts().shape(text, runs.runs(), direction);
+  return host::current().drawing().fonts().shape(text, runs.runs(), direction);
 }
 
 /// Finds how much of a line stays beside an ellipsis.

@@ -1,6 +1,7 @@
 #include "platform/appkit/text/NSUserInterfaceLayoutDirection.h"
 
 #include "host/Host.h"
+#include "host/Settings.h"
 
 namespace bkuk {
 
@@ -12,7 +13,7 @@ constinit std::optional<NSUserInterfaceLayoutDirection> chosen;
 
 NSUserInterfaceLayoutDirection interfaceLayoutDirection() {
   if (chosen) return *chosen;
-  return host::current().layoutDirection() == host::TextDirection::rightToLeft
+  return host::current().settings().layoutDirection() == host::TextDirection::rightToLeft
              ? NSUserInterfaceLayoutDirection::rightToLeft
              : NSUserInterfaceLayoutDirection::leftToRight;
 }

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <utility>
 
+#include "host/Drawing.h"
 #include "host/Host.h"
 #include "platform/appkit/text/LineBreaker.h"
 #include "platform/appkit/text/LineTruncation.h"
@@ -88,8 +89,8 @@ std::optional<NSSize> Typesetter::sizeOfPlainLine() {
   const auto run = TextRun::of(attributes);
   const auto style = paragraphStyleOf(attributes);
   const host::TextRun hostRun = run.hostRun(attributeRun.length);
-  const auto shaped =
-      host::current().fonts().shape(text_.string().units(), {&hostRun, 1}, directionOf(segment, *style));
+  const auto shaped = host::current().drawing().fonts().shape(text_.string().units(), {&hostRun, 1},
+                                                              directionOf(segment, *style));
   const CGFloat indents = style->firstLineHeadIndent() + std::abs(style->tailIndent());
   const CGFloat width = shaped->width() + 2 * options_.lineFragmentPadding;
   if (isWidthLimited_ && width + indents > options_.size.width) return std::nullopt;
@@ -111,7 +112,8 @@ host::TextDirection Typesetter::directionOf(const TextSegment& segment, const NS
   if (style.baseWritingDirection() == NSWritingDirection::rightToLeft)
     return host::TextDirection::rightToLeft;
   if (before_) return *before_;
-  if (const auto strong = host::current().fonts().strongDirection(unitsOf(segment.range))) return *strong;
+  if (const auto strong = host::current().drawing().fonts().strongDirection(unitsOf(segment.range)))
+    return *strong;
   return options_.direction == NSUserInterfaceLayoutDirection::rightToLeft ? host::TextDirection::rightToLeft
                                                                            : host::TextDirection::leftToRight;
 }
@@ -125,7 +127,7 @@ Typesetter::Paragraph Typesetter::paragraphAt(std::size_t from) {
   Paragraph paragraph{segment, style, direction, {text_, segment.range}, nullptr, isFirstLine};
   if (segment.range.length > 0) {
     paragraph.shaped =
-        host::current().fonts().shape(unitsOf(segment.range), paragraph.runs.runs(), direction);
+        host::current().drawing().fonts().shape(unitsOf(segment.range), paragraph.runs.runs(), direction);
   }
   if (isFirstLine && !lines_.empty()) y_ += style->paragraphSpacingBefore();
   return paragraph;
@@ -196,7 +198,7 @@ bool Typesetter::setCutOff(const Paragraph& paragraph, std::size_t from) {
   const auto units = unitsOf({start, segment.range.length - from});
   TextRuns runs;
   runs.append(paragraph.runs, from, segment.range.length);
-  const auto shaped = host::current().fonts().shape(units, runs.runs(), paragraph.direction);
+  const auto shaped = host::current().drawing().fonts().shape(units, runs.runs(), paragraph.direction);
   auto fitted = fitLine({units, runs, paragraph.direction, shaped}, room(paragraph),
                         NSLineBreakMode::truncatingTail, *paragraph.style, true);
   return place(paragraph, {start, segment.end() - start}, contentOf(std::move(fitted)));

@@ -10,9 +10,7 @@ namespace {
 
 // What a window shows where its application says nothing: the usual light and dark of desktops.
 Ref<NSColor> standardBackground() {
-  const std::string_view names[] = {NSAppearanceNameAqua, NSAppearanceNameDarkAqua};
-  const bool isDark =
-      NSApplication::shared().effectiveAppearance()->bestMatch(names) == NSAppearanceNameDarkAqua;
+  const bool isDark = NSApplication::shared().effectiveAppearance()->isDark();
   return NSColor::genericGamma22White(isDark ? 0.12 : 0.93, 1);
 }
 
