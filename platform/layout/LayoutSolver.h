@@ -1,11 +1,13 @@
 #pragma once
 
 #include <cstdint>
+#include <limits>
 #include <span>
 #include <vector>
 
 #include "platform/layout/LayoutDefinitions.h"
 #include "platform/layout/LayoutExpression.h"
+#include "platform/layout/LayoutInterval.h"
 #include "platform/layout/LayoutSimplex.h"
 #include "platform/layout/LayoutTableau.h"
 
@@ -30,7 +32,10 @@ using LayoutConstraintId = std::uint32_t;
 /// Numbers must be finite. docs/layout-solver.md describes the method.
 class LayoutSolver {
  public:
-  LayoutSolver() : simplex_(tableau_) {}
+  /// `arithmetic` places what it can without the tableau; `general`, for comparison, leaves out that stage.
+  enum class Method { arithmetic, general };
+
+  explicit LayoutSolver(Method method = Method::arithmetic) : method_(method), simplex_(tableau_) {}
   LayoutSolver(const LayoutSolver&) = delete;
   LayoutSolver& operator=(const LayoutSolver&) = delete;
 
@@ -39,7 +44,7 @@ class LayoutSolver {
   void removeVariable(LayoutVariable variable);
 
   /// Demands `expression <relation> 0` at a priority above 0.
-  [[nodiscard]] LayoutConstraintId add(LayoutExpression expression, LayoutRelation relation,
+  [[nodiscard]] LayoutConstraintId add(const LayoutExpression& expression, LayoutRelation relation,
                                        double priority = requiredLayoutPriority);
   void remove(LayoutConstraintId constraint);
   /// The constant of the expression that the constraint was added with.
@@ -57,14 +62,27 @@ class LayoutSolver {
   [[nodiscard]] std::span<const LayoutConstraintId> dropped() const { return dropped_; }
 
  private:
-  enum class State : std::uint8_t { removed, waiting, definition, tableau, dropped };
+  enum class State : std::uint8_t {
+    removed,
+    waiting,
+    definition,
+    fixing,
+    constant,
+    single,
+    tableau,
+    dropped
+  };
+
+  static constexpr std::uint32_t none = std::numeric_limits<std::uint32_t>::max();
 
   struct Constraint {
-    LayoutExpression expression;  // to be 0, or at least 0
     double priority = 0;
-    double tableauConstant = 0;  // what the tableau takes for the constant and the offsets of the variables
+    double known = 0;   // the constant in roots that its stage works with
+    double factor = 0;  // of the root of one that names a single root
     std::uint64_t age = 0;
-    LayoutVariable defined;
+    std::uint32_t root = none;
+    LayoutConstraintId before = none;  // of the same single root
+    LayoutConstraintId after = none;
     LayoutSymbol marker = noLayoutSymbol;
     LayoutSymbol error = noLayoutSymbol;
     bool isEquality = false;
@@ -73,34 +91,62 @@ class LayoutSolver {
 
     [[nodiscard]] bool isRequired() const { return priority >= requiredLayoutPriority; }
   };
+  struct Variable {
+    LayoutSymbol symbol = noLayoutSymbol;  // of a root that the tableau knows
+    LayoutConstraintId firstSingle = none;
+    bool isUnplaced = false;
+  };
 
   void forgetSymbol(LayoutVariable variable);
   void queue(LayoutConstraintId id);
+  void release(LayoutConstraintId id);
+  void leave(LayoutConstraintId id);
   void enterWaiting();
   [[nodiscard]] bool define(LayoutConstraintId id);
-  void liftUsesOf(LayoutVariable variable);
+  void settleRoot(LayoutVariable root);
+  void liftUsesOfSettled(LayoutVariable variable);
   void enter(LayoutConstraintId id);
+  void fixRoot(LayoutConstraintId id);
+
+  void addSingle(LayoutConstraintId id, LayoutTerm root);
+  void leaveSingles(LayoutConstraintId id);
+  void markUnplaced(std::uint32_t root);
+  void makeGeneral(std::uint32_t root);
+  [[nodiscard]] LayoutConstraintId placeSingles();
+  [[nodiscard]] LayoutConstraintId place(std::uint32_t root);
+  [[nodiscard]] LayoutConstraintId narrowByRequired(LayoutInterval& interval);
+  void narrowByWishes(LayoutInterval& interval);
+
+  void enterTableau(LayoutConstraintId id, const LayoutExpression& roots);
   void makeSymbols(LayoutConstraintId id);
   [[nodiscard]] std::vector<LayoutCell> inParameters(const LayoutExpression& roots, double& constant);
   void addEquation(const Constraint& constraint, double constant, std::vector<LayoutCell> cells);
-  void leaveTableau(LayoutConstraintId id);
-  void updateOffsets();
-  void updateValues();
-  void settle();
-  void dropFrom(LayoutSymbol basic);
-  [[nodiscard]] LayoutConstraintId lastAddedIn(LayoutSymbol basic) const;
 
+  void updateConstants();
+  void updateConstant(LayoutConstraintId id);
+  void updateValues();
+  [[nodiscard]] LayoutConstraintId findConflict();
+  [[nodiscard]] LayoutConstraintId brokenConstant();
+  [[nodiscard]] LayoutConstraintId lastAddedIn(LayoutSymbol basic);
+  [[nodiscard]] LayoutConstraintId lastAddedBehind(std::span<const LayoutConstraintId> conflict);
+  void drop(LayoutConstraintId id);
+
+  const Method method_;
   LayoutDefinitions definitions_;
   LayoutTableau tableau_;
   LayoutSimplex simplex_;
   std::vector<Constraint> constraints_;
+  std::vector<Variable> variables_;
   std::vector<LayoutConstraintId> free_;
   std::vector<LayoutConstraintId> waiting_;
   std::vector<LayoutConstraintId> dropped_;
-  std::vector<LayoutDefinitions::Use> reached_;
-  std::vector<LayoutSymbol> symbols_;  // of the variables that the tableau knows
+  std::vector<LayoutConstraintId> reached_;
+  std::vector<LayoutConstraintId> unchecked_;  // required, without roots
+  std::vector<std::uint32_t> unplaced_;        // single roots
+  std::vector<LayoutConstraintId> singles_;    // of the root at hand, the highest priority first
+  std::vector<LayoutInterval::Wish> wishes_;
   std::uint64_t age_ = 0;
-  std::size_t equations_ = 0;  // constraints that are in the tableau
+  std::size_t uses_ = 0;  // constraints that build on variables without defining one
   bool hasChanges_ = false;
 };
 

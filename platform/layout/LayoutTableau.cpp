@@ -69,10 +69,20 @@ double LayoutTableau::coefficient(const Row& row, LayoutSymbol symbol) {
   return std::ranges::lower_bound(row.cells, symbol, {}, &LayoutCell::symbol)->coefficient;
 }
 
-void LayoutTableau::leaveColumn(LayoutSymbol symbol, RowIndex row) {
-  auto& column = symbols_[symbol].column;
-  *std::ranges::find(column, row) = column.back();
+void LayoutTableau::enterColumn(LayoutCell& cell, RowIndex row) {
+  auto& column = symbols_[cell.symbol].column;
+  cell.place = static_cast<std::uint32_t>(column.size());
+  column.push_back(row);
+}
+
+// The last of the column takes the place.
+void LayoutTableau::leaveColumn(const LayoutCell& cell) {
+  auto& column = symbols_[cell.symbol].column;
+  const RowIndex last = column.back();
   column.pop_back();
+  if (cell.place == column.size()) return;
+  column[cell.place] = last;
+  std::ranges::lower_bound(rows_[last].cells, cell.symbol, {}, &LayoutCell::symbol)->place = cell.place;
 }
 
 // Rows
@@ -85,7 +95,7 @@ void LayoutTableau::addRow(LayoutSymbol basic, double constant, std::vector<Layo
   const RowIndex index = freeRows_.back();
   freeRows_.pop_back();
   rows_[index] = {basic, constant, std::move(cells)};
-  for (const auto& cell : rows_[index].cells) symbols_[cell.symbol].column.push_back(index);
+  for (auto& cell : rows_[index].cells) enterColumn(cell, index);
   symbols_[basic].row = index;
   replaceInColumn(basic, index);
   noteValue(basic);
@@ -93,7 +103,7 @@ void LayoutTableau::addRow(LayoutSymbol basic, double constant, std::vector<Layo
 
 void LayoutTableau::removeRow(LayoutSymbol basic) {
   const RowIndex index = std::exchange(symbols_[basic].row, noRow);
-  for (const auto& cell : rows_[index].cells) leaveColumn(cell.symbol, index);
+  for (const auto& cell : rows_[index].cells) leaveColumn(cell);
   rows_[index] = {};
   freeRows_.push_back(index);
   noteValue(basic);
@@ -119,12 +129,11 @@ void LayoutTableau::pivot(LayoutSymbol leaving, LayoutSymbol entering) {
   Row& row = rows_[index];
   const auto place = std::ranges::lower_bound(row.cells, entering, {}, &LayoutCell::symbol);
   const double factor = place->coefficient;
+  leaveColumn(*place);
   row.cells.erase(place);
-  leaveColumn(entering, index);
   for (auto& cell : row.cells) cell.coefficient /= -factor;
-  row.cells.insert(std::ranges::lower_bound(row.cells, leaving, {}, &LayoutCell::symbol),
-                   {leaving, 1 / factor});
-  symbols_[leaving].column.push_back(index);
+  const auto behind = std::ranges::lower_bound(row.cells, leaving, {}, &LayoutCell::symbol);
+  enterColumn(*row.cells.insert(behind, {leaving, 1 / factor}), index);
   row.constant /= -factor;
   row.basic = entering;
   symbols_[entering].row = index;
@@ -151,16 +160,16 @@ void LayoutTableau::addMultiple(RowIndex target, double factor, const Row& sourc
     } else if (mine == row.cells.end() || theirs->symbol < mine->symbol) {
       const double added = factor * theirs->coefficient;
       if (std::abs(added) > negligibleCoefficient) {
-        merged_.push_back({theirs->symbol, added});
-        symbols_[theirs->symbol].column.push_back(target);
+        enterColumn(merged_.emplace_back(theirs->symbol, added), target);
       }
       ++theirs;
     } else {
       const double sum = mine->coefficient + factor * theirs->coefficient;
       if (std::abs(sum) > negligibleCoefficient) {
-        merged_.push_back({mine->symbol, sum});
+        merged_.push_back(*mine);
+        merged_.back().coefficient = sum;
       } else {
-        leaveColumn(mine->symbol, target);
+        leaveColumn(*mine);
       }
       ++mine;
       ++theirs;

@@ -17,7 +17,11 @@ enum class LayoutSymbolKind : std::uint8_t { free, nonnegative, zero };
 
 /// A symbol with its factor in a row.
 struct LayoutCell {
+  LayoutCell(LayoutSymbol cellSymbol, double cellCoefficient)
+      : symbol(cellSymbol), coefficient(cellCoefficient) {}
+
   LayoutSymbol symbol;
+  std::uint32_t place = 0;  // of the row in the symbol's column, for the tableau
   double coefficient;
 };
 
@@ -26,8 +30,8 @@ struct LayoutCell {
 /// the values of the basic ones.
 ///
 /// Rows keep only what is not 0, in order of the symbols; a column is the list of the rows that a symbol
-/// stands in. So an operation touches the rows in which something changes and no others. Rows of basic
-/// symbols that may not be negative never name a free symbol.
+/// stands in, and each cell knows its place there. So an operation touches the rows in which something
+/// changes and no others. Rows of basic symbols that may not be negative never name a free symbol.
 ///
 /// The tableau notes for its users which free symbols changed, which basic symbols left their range, and
 /// which columns may now lower the cost.
@@ -98,7 +102,8 @@ class LayoutTableau {
   };
 
   [[nodiscard]] static double coefficient(const Row& row, LayoutSymbol symbol);
-  void leaveColumn(LayoutSymbol symbol, RowIndex row);
+  void enterColumn(LayoutCell& cell, RowIndex row);
+  void leaveColumn(const LayoutCell& cell);
   void replaceInColumn(LayoutSymbol symbol, RowIndex by);
   void addMultiple(RowIndex target, double factor, const Row& source, LayoutSymbol replaced);
   void shift(Row& row, double amount);
