@@ -365,7 +365,7 @@ void NSWindow::giveKeyboard(const Ref<NSResponder>& next) {
 
 void NSWindow::firstResponderDidChange() {
   activityDidChange();
-  focusRing_->setNeedsUpdate();
+  focusRing_->firstResponderDidChange();
   if (isKeyWindow()) AccessibilityTree::shared().postFocus(*this);
 }
 
@@ -409,6 +409,7 @@ void NSWindow::sendEvent(NSEvent& event) {
   const Ref<NSWindow> self(this);
   switch (event.type()) {
     case NSEventType::keyDown:
+      focusRing_->keyWasPressed();
       return firstResponder()->keyDown(event);
     case NSEventType::keyUp:
       return firstResponder()->keyUp(event);
@@ -513,6 +514,10 @@ void NSWindow::trackingAreaHasMoved(const NSTrackingArea& area) { tracking_->upd
 void NSWindow::activityDidChange() {
   activityIsStale_ = true;
   setNeedsCommit();
+}
+
+void NSWindow::giveKeyboardByClick(NSView& view) {
+  if (makeFirstResponder(&view) && firstResponder_.refersTo(&view)) focusRing_->pointerDidChoose(view);
 }
 
 void NSWindow::focusRingDidChange(const NSView& view) {

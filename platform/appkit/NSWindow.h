@@ -233,6 +233,7 @@ class NSWindow : public NSResponder {
   [[nodiscard]] bool holds(const NSResponder& responder) const;
   [[nodiscard]] bool letsGo(NSResponder& present);
   void giveKeyboard(const Ref<NSResponder>& next);
+  void giveKeyboardByClick(NSView& view);
   void selectKeyView(Ref<NSView> (NSView::*valid)() const);
   [[nodiscard]] Ref<NSView> endOfLoop(Ref<NSView> (NSView::*valid)() const) const;
   void firstResponderDidChange();

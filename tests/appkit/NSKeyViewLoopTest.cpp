@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "host/KeyCodes.h"
 #include "platform/appkit/NSApplication.h"
 #include "platform/appkit/NSControl.h"
 #include "platform/appkit/NSWindow.h"
@@ -13,7 +14,7 @@ namespace {
 
 using testing::ElementsAre;
 
-constexpr std::uint16_t tab = 48;
+using host::keyCode::tab;
 
 class Stop : public NSControl {
  public:
@@ -95,6 +96,29 @@ TEST_F(KeyViewLoop, TheRingFollowsTheKeyboardOutsideOfTheMask) {
   window->makeFirstResponder(lowerLeft.get());
   host->windows().front()->setFocused(false);
   EXPECT_EQ(pixel(8, 30), black);
+}
+
+TEST_F(KeyViewLoop, WhatThePointerChoseHasItsRingOnceAKeyIsPressed) {
+  constexpr std::uint32_t black = 0xFF000000;
+  class Clickable : public Stop {
+   public:
+    using Stop::Stop;
+    bool takesFocusOnClick() const override { return true; }
+    bool needsPanelToBecomeKey() const override { return isTypedInto; }
+    bool isTypedInto = false;
+  };
+  const auto view = make<Clickable>(NSRect(90, 40, 20, 20));
+  window->contentView()->addSubview(view);
+  auto& desktop = *host->windows().front();
+  desktop.click({100, 50});
+  EXPECT_EQ(window->firstResponder(), view);
+  EXPECT_EQ(pixel(88, 50), black);
+  desktop.typeKey(host::keyCode::space, " ");
+  EXPECT_NE(pixel(88, 50), black);
+  window->makeFirstResponder(nullptr);
+  view->isTypedInto = true;
+  desktop.click({100, 50});
+  EXPECT_NE(pixel(88, 50), black);
 }
 
 TEST_F(KeyViewLoop, ClicksLeaveTheKeyboardWhereItIs) {

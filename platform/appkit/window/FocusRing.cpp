@@ -65,8 +65,26 @@ struct FocusRing::Area {
   }
 };
 
+void FocusRing::firstResponderDidChange() {
+  chosenByPointer_ = nullptr;
+  setNeedsUpdate();
+}
+
+void FocusRing::pointerDidChoose(NSView& view) {
+  if (view.needsPanelToBecomeKey()) return;
+  chosenByPointer_ = &view;
+  setNeedsUpdate();
+}
+
+void FocusRing::keyWasPressed() {
+  if (!std::exchange(chosenByPointer_, nullptr).lock()) return;
+  setNeedsUpdate();
+  window_.setNeedsCommit();
+}
+
 Ref<NSView> FocusRing::viewToRing() const {
   const auto view = as<NSView>(window_.firstResponder());
+  if (chosenByPointer_.refersTo(view.get())) return nullptr;
   if (!view || !window_.isKeyWindow() || view->focusRingType() == NSFocusRingType::none) return nullptr;
   return view->isHiddenOrHasHiddenAncestor() ? nullptr : view;
 }

@@ -14,6 +14,11 @@ class FocusRing {
   explicit FocusRing(NSWindow& window) : window_(window) {}
 
   void setNeedsUpdate() { isStale_ = true; }
+  void firstResponderDidChange();
+  /// The pointer gave the keyboard to the view. Whoever points at a control knows where it is, so nothing is
+  /// shown before a key is pressed, unless the view is there to be typed into.
+  void pointerDidChoose(NSView& view);
+  void keyWasPressed();
   void updateIfNeeded();
 
  private:
@@ -28,6 +33,7 @@ class FocusRing {
 
   NSWindow& window_;
   Weak<NSView> view_;
+  Weak<NSView> chosenByPointer_;
   Ref<CALayer> layer_;
   bool isStale_ = true;
 };

@@ -65,7 +65,7 @@ void WindowMouseRouter::release(NSEvent& event, Weak<NSView>& target, Operation 
 }
 
 void WindowMouseRouter::focusByClick(NSView& view) {
-  if (view.takesFocusOnClick() && window_.firstResponder() != &view) window_.makeFirstResponder(&view);
+  if (view.takesFocusOnClick() && window_.firstResponder() != &view) window_.giveKeyboardByClick(view);
 }
 
 Ref<NSView> WindowMouseRouter::viewAt(NSPoint point) const { return window_.frameView_->hitTest(point); }
