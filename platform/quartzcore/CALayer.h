@@ -361,6 +361,7 @@ class CALayer : public NSObject {
     host::PixelRect left;     // where layers that have gone since were
     host::PixelRect inside;   // what its superlayers and its own masking leave of its sublayers
     bool shadowFollowsBelow = false;
+    bool isGroup = false;                            // several things under one opacity
     std::shared_ptr<const SublayerIndex> sublayers;  // of layers with many
   };
   /// The sublayers that are marked, so that finding one of a thousand does not ask them all. Each stands here

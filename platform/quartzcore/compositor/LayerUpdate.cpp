@@ -62,6 +62,17 @@ bool hasVisibleContents(const CALayer& shown) {
   return shown.contents() && !shown.contents()->bitmap().isEmpty();
 }
 
+bool hasSeveralParts(const CALayer& shown, const CALayer& layer, bool hasShadow, bool withEmptySublayers) {
+  if (shown.mask()) return hasShadow;
+  int count = hasShadow + hasVisibleBackground(shown) + hasVisibleBorder(shown) + hasVisibleContents(shown);
+  if (count > 1 || !LayerAccess::paintedBox(shown).isNull()) return true;
+  for (const auto& sublayer : layer.sublayers()) {
+    if (withEmptySublayers || !LayerAccess::record(*sublayer).subtree.isEmpty()) ++count;
+    if (count > 1) return true;
+  }
+  return false;
+}
+
 // What a layer has from its superlayers.
 struct LayerUpdate::Around {
   CGAffineTransform toDevice;
@@ -69,6 +80,7 @@ struct LayerUpdate::Around {
   PixelRect sight;  // what is in or near the visible part
   bool wholly = false;
   bool isFlipped = false;
+  bool isTranslucent = false;
 };
 
 struct LayerUpdate::Visit {
@@ -80,6 +92,7 @@ struct LayerUpdate::Visit {
   bool wholly;      // everything below moved along
   bool repaints;
   bool isFlipped;
+  bool isTranslucent;  // it, or a layer around it, has an opacity
   bool sublayersMoved = false;
   std::size_t next = 0;
 
@@ -107,8 +120,9 @@ void LayerUpdate::run(CALayer& root, const CGAffineTransform& toDevice) {
       continue;
     }
     // Entering may move the visits.
-    const Around around{visit.box.toDevice, LayerAccess::record(*visit.layer).inside, visit.sight,
-                        visit.wholly, visit.isFlipped};
+    const Around around{visit.box.toDevice, LayerAccess::record(*visit.layer).inside,
+                        visit.sight,        visit.wholly,
+                        visit.isFlipped,    visit.isTranslucent};
     enter(*sublayer, around);
   }
 }
@@ -132,7 +146,8 @@ void LayerUpdate::enter(CALayer& layer, const Around& around) {
   }
   followSight(layer, box, around, isFlipped);
   visits_.push_back({&layer, shown, box, around.clip, sightInside(*shown, box, around.sight, isFlipped),
-                     around.wholly || marks.rearrange, marks.repaint, isFlipped});
+                     around.wholly || marks.rearrange, marks.repaint, isFlipped,
+                     around.isTranslucent || shown->opacity() < 1});
   marks.repaint = marks.rearrange = marks.renderBelow = false;
 }
 
@@ -166,16 +181,18 @@ void LayerUpdate::leave(Visit& visit) {
   const auto oldOwn = record.own;
   const auto oldSubtree = record.subtree;
   const bool followedBelow = record.shadowFollowsBelow;
+  const bool wasGroup = record.isGroup;
   updateRects(visit);
   LayerAccess::marked(*visit.layer).renderBelow.clear();
   if (visits_.size() > 1 && (visit.wholly || record.subtree != oldSubtree)) {
     visits_[visits_.size() - 2].sublayersMoved = true;
   }
-  const bool shadowChangedKind = followedBelow != record.shadowFollowsBelow;
+  // Colours that are composed in another way round in another way, wherever they are.
+  const bool changedKind = followedBelow != record.shadowFollowsBelow || wasGroup != record.isGroup;
   const bool isInside = visits_.size() > 1 && visits_[visits_.size() - 2].wholly;
-  if (visit.wholly || shadowChangedKind) {
-    if (shadowChangedKind) damage(oldSubtree);
-    if (!isInside || shadowChangedKind) damage(record.subtree);
+  if (visit.wholly || changedKind) {
+    if (changedKind) damage(oldSubtree);
+    if (!isInside || changedKind) damage(record.subtree);
   } else if (visit.repaints) {
     damage(oldOwn);
     damage(record.own);
@@ -204,6 +221,8 @@ void LayerUpdate::updateRects(Visit& visit) {
   record.own = intersect(unite(painted, shadowRect), visit.clip);
   record.subtree = unite(record.own, intersect(below, visit.clip));
   record.shadowFollowsBelow = shadow.kind == LayerShadow::Kind::composed;
+  record.isGroup = visit.isTranslucent &&
+                   hasSeveralParts(*visit.shown, *visit.layer, shadow.kind != LayerShadow::Kind::none);
 }
 
 }  // namespace bkuk

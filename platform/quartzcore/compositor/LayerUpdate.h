@@ -51,4 +51,9 @@ class LayerUpdate {
 [[nodiscard]] bool hasVisibleBorder(const CALayer& shown);
 [[nodiscard]] bool hasVisibleContents(const CALayer& shown);
 
+/// Whether the layer lies over or under something else of its own: several things, or what may be several.
+/// Under one opacity they need a group. `withEmptySublayers` counts those in which nothing was seen.
+[[nodiscard]] bool hasSeveralParts(const CALayer& shown, const CALayer& layer, bool hasShadow,
+                                   bool withEmptySublayers = false);
+
 }  // namespace bkuk

@@ -142,26 +142,14 @@ PixelRect Scene::contentRect(const Place& place) const {
   return place.visible(pixelsOfContent(*place.shown, boxes_[place.box], pixelsBelow(place.layer)));
 }
 
-// How many things lie over one another there, as far as it matters: none, one, or more.
-int Scene::countParts(const Place& place) const {
-  const auto& shown = *place.shown;
-  if (shown.mask()) return 1;
-  int count = hasVisibleBackground(shown) + hasVisibleBorder(shown) + hasVisibleContents(shown);
-  if (!LayerAccess::paintedBox(shown).isNull()) count += 2;  // it may have several of its own
-  for (const auto& sublayer : place.layer.sublayers()) {
-    if (count > 1) break;
-    if (place.isInMask || !LayerAccess::record(*sublayer).subtree.isEmpty()) ++count;
-  }
-  return count;
-}
-
 // From the outside in: the group of an opacity, the shadow, the group of a mask or of what casts a shadow.
 void Scene::list(const Place& place, double alpha) {
   const auto& box = boxes_[place.box];
   const auto rect = subtreeRect(place);
   const auto shadow = LayerShadow::of(*place.shown, box, place.layer, place.isFlipped);
   const bool hasShadow = shadow.kind != LayerShadow::Kind::none;
-  if (alpha < 1 && countParts(place) + hasShadow > 1 && openGroups_ < mostOpenGroups) {
+  const bool isGroup = alpha < 1 && hasSeveralParts(*place.shown, place.layer, hasShadow, place.isInMask);
+  if (isGroup && openGroups_ < mostOpenGroups) {
     openGroup(place, {.kind = Kind::groupBegin, .rect = rect, .surface = rect, .alpha = alpha});
     alpha = 1;
   }

@@ -77,7 +77,6 @@ class Scene {
   void openGroup(const Place& place, Item group);
   void pushAfter(const Place& place, Step step);
   void pushSublayers(const Place& place, double alpha);
-  [[nodiscard]] int countParts(const Place& place) const;
   [[nodiscard]] PixelRect subtreeRect(const Place& place) const;
   [[nodiscard]] PixelRect contentRect(const Place& place) const;
   Item& add(Kind kind, const Place& place, const PixelRect& rect, double alpha);
