@@ -25,11 +25,28 @@ function(bkuk_public_library target name)
   endif()
 endfunction()
 
-function(bkuk_install_package)
-  foreach(folder BrenvikUIKit platform host testing)
-    install(DIRECTORY ${PROJECT_SOURCE_DIR}/${folder} DESTINATION ${BKUK_INCLUDE_DIR}
-      FILES_MATCHING PATTERN "*.h" PATTERN "host/qt" EXCLUDE)
+# bkuk_headers(KIND RESULT): what the lines of that kind in cmake/headers.txt name first.
+function(bkuk_headers kind result)
+  set(data ${PROJECT_SOURCE_DIR}/cmake/headers.txt)
+  set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${data})
+  file(STRINGS ${data} lines REGEX "^${kind} ")
+  list(TRANSFORM lines REPLACE "^${kind} +([^ ]+).*" "\\1")
+  set(${result} ${lines} PARENT_SCOPE)
+endfunction()
+
+function(bkuk_install_headers)
+  bkuk_headers(public folders)
+  bkuk_headers(internal inside)
+  list(TRANSFORM inside REPLACE "(.+)" "PATTERN;\\1;EXCLUDE")
+  foreach(folder ${folders})
+    get_filename_component(parent ${folder} DIRECTORY)
+    install(DIRECTORY ${PROJECT_SOURCE_DIR}/${folder} DESTINATION ${BKUK_INCLUDE_DIR}/${parent}
+      FILES_MATCHING PATTERN "*.h" ${inside})
   endforeach()
+endfunction()
+
+function(bkuk_install_package)
+  bkuk_install_headers()
   install(EXPORT BrenvikUIKitTargets NAMESPACE BrenvikUIKit:: DESTINATION ${BKUK_CONFIG_DIR})
   configure_package_config_file(${PROJECT_SOURCE_DIR}/packaging/BrenvikUIKitConfig.cmake.in
     ${PROJECT_BINARY_DIR}/BrenvikUIKitConfig.cmake INSTALL_DESTINATION ${BKUK_CONFIG_DIR})

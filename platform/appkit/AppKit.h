@@ -1,8 +1,9 @@
 #pragma once
 
-// The whole desktop platform's surface: windows, views, events, colours.
+// The whole desktop platform: windows, views, events and text, and the layers, drawing and objects below.
 
 #include "platform/appkit/NSAccessibility.h"
+#include "platform/appkit/NSAccessibilityConstants.h"
 #include "platform/appkit/NSAccessibilityElement.h"
 #include "platform/appkit/NSAnimationContext.h"
 #include "platform/appkit/NSAppearance.h"
@@ -12,9 +13,12 @@
 #include "platform/appkit/NSEvent.h"
 #include "platform/appkit/NSEventMonitor.h"
 #include "platform/appkit/NSImageView.h"
+#include "platform/appkit/NSKeyCode.h"
 #include "platform/appkit/NSLayoutAnchor.h"
+#include "platform/appkit/NSLayoutAttribute.h"
 #include "platform/appkit/NSLayoutConstraint.h"
 #include "platform/appkit/NSLayoutGuide.h"
+#include "platform/appkit/NSLayoutItem.h"
 #include "platform/appkit/NSPanel.h"
 #include "platform/appkit/NSResponder.h"
 #include "platform/appkit/NSScreen.h"
@@ -27,11 +31,17 @@
 #include "platform/appkit/drawing/NSColor.h"
 #include "platform/appkit/drawing/NSGraphicsContext.h"
 #include "platform/appkit/drawing/NSImage.h"
+#include "platform/appkit/drawing/NSImageRep.h"
 #include "platform/appkit/drawing/NSShadow.h"
 #include "platform/appkit/text/NSFont.h"
 #include "platform/appkit/text/NSLayoutManager.h"
 #include "platform/appkit/text/NSParagraphStyle.h"
 #include "platform/appkit/text/NSTextAlignment.h"
+#include "platform/appkit/text/NSTextContainer.h"
 #include "platform/appkit/text/NSTextStorage.h"
 #include "platform/appkit/text/NSUnderlineStyle.h"
 #include "platform/appkit/text/NSUserInterfaceLayoutDirection.h"
+#include "platform/coregraphics/CoreGraphics.h"
+#include "platform/coretext/CoreText.h"
+#include "platform/foundation/Foundation.h"
+#include "platform/quartzcore/QuartzCore.h"

@@ -20,13 +20,10 @@ class Layers:
     def __init__(self, text):
         self.libraries = []
         self.permitted = {}
-        self.public_names = []
         for key, words in self._entries(text):
             kind, _, name = key.rpartition(' ')
             if kind == 'library':
                 self.libraries.append((name, words))
-            elif key == 'public':
-                self.public_names = words
             else:
                 self.permitted[key] = words
         self._check_names()
@@ -42,7 +39,7 @@ class Layers:
 
     def _check_names(self):
         known = set(self.permitted) | {name for name, _ in self.libraries}
-        for words in [*self.permitted.values(), self.public_names]:
+        for words in self.permitted.values():
             for word in words:
                 if not word.endswith('/*') and word not in known:
                     raise ValueError(f'cmake/layers.txt: {word} is not a folder or library it declares')
@@ -58,10 +55,6 @@ class Layers:
 
     def permits(self, folder, target):
         return folder == target or any(covers(word, target) for word in self.permitted[folder])
-
-    def is_public(self, path):
-        folder = self.folder_of(path)
-        return path.endswith('.h') and any(covers(word, folder) for word in self.public_names)
 
 
 def covers(word, target):
@@ -85,16 +78,12 @@ class House:
     def _includes(path):
         return [angled or quoted for angled, quoted in INCLUDE.findall(path.read_text(encoding='utf-8'))]
 
-    def public_headers(self):
-        return [path for path in self.includes if self.layers.is_public(path)]
-
     def problems(self):
         for path, headers in self.includes.items():
             for header in headers:
                 problem = self._problem(path, header)
                 if problem:
                     yield f'{path}: includes {header}: {problem}'
-        yield from self._leaks()
 
     def _problem(self, path, header):
         folder = self.layers.folder_of(path)
@@ -113,25 +102,6 @@ class House:
             return self.layers.folder_of(header)
         is_ours = (self.root / header.partition('/')[0]).is_dir()
         return None if is_ours else self.layers.library_of(header)
-
-    def _leaks(self):
-        """Public headers whose includes, followed to the end, leave what is public."""
-        for path in self.public_headers():
-            for header in self.reached(path):
-                if header in self.includes and not self.layers.is_public(header):
-                    yield f'{path}: a public header that brings in {header}, which is not public'
-                elif header not in self.includes and self.layers.library_of(header) == 'qt':
-                    yield f'{path}: a public header that brings in Qt, through {header}'
-
-    def reached(self, path):
-        """Every header that `path` includes, directly or not, in order of the alphabet."""
-        seen, waiting = set(), [path]
-        while waiting:
-            for header in self.includes.get(waiting.pop(), ()):
-                if header not in seen:
-                    seen.add(header)
-                    waiting.append(header)
-        return sorted(seen)
 
 
 def main(arguments):

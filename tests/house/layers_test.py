@@ -10,7 +10,6 @@ from layers import House
 LAYERS = """
 library qt: Q[A-Z]* Qt*/*
 library posix: *.h
-public: kit/* base
 base:
 base/real:   base qt posix
 kit/low:     base
@@ -61,14 +60,6 @@ class LayersTest(unittest.TestCase):
     def test_libraries_are_only_for_those_who_name_them(self):
         self.assert_found('kit/high/High.cpp', '#include <QWindow>\n#include <QtGui/QImage>\n#include <unistd.h>',
                           'may not include qt', 'may not include qt', 'may not include posix')
-
-    def test_public_header_with_qt(self):
-        self.assert_found('base/Leak.h', '#include <QWindow>', 'base may not include qt', 'brings in Qt')
-
-    def test_public_header_with_a_private_one(self):
-        found = self.problems({'base/real/Real.h': '#include <QWindow>', 'base/Leak.h': '#include "base/real/Real.h"'})
-        self.assertEqual([problem.partition(':')[0] for problem in found], ['base/Leak.h'] * 3, found)
-        self.assertIn('not public', found[1] + found[2])
 
     def test_missing_header(self):
         self.assert_found('kit/high/High.cpp', '#include "kit/low/Gone.h"', 'no such file')

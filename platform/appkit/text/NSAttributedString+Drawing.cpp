@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "platform/appkit/drawing/NSGraphicsContext.h"
+#include "platform/appkit/text/TextLayout.h"
 #include "platform/appkit/text/TextStack.h"
 
 namespace bkuk {

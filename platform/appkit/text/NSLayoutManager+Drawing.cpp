@@ -3,6 +3,7 @@
 #include "platform/appkit/drawing/NSColor.h"
 #include "platform/appkit/drawing/NSGraphicsContext.h"
 #include "platform/appkit/text/LineBreaker.h"
+#include "platform/appkit/text/TextLayout.h"
 #include "platform/appkit/text/TextRuns.h"
 #include "platform/appkit/text/UnderlineDrawing.h"
 

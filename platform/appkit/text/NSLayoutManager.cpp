@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/appkit/text/TextLayout.h"
+
 namespace bkuk {
 
 namespace {

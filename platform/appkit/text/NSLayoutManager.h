@@ -7,9 +7,13 @@
 #include "platform/appkit/text/NSTextContainer.h"
 #include "platform/appkit/text/NSTextStorage.h"
 #include "platform/appkit/text/NSUnderlineStyle.h"
-#include "platform/appkit/text/TextLayout.h"
+#include "platform/appkit/text/NSUserInterfaceLayoutDirection.h"
 
 namespace bkuk {
+
+class LineFragment;
+class TextLayout;
+struct TextPiece;
 
 /// Sets the text of a storage into containers and draws it.
 ///
