@@ -44,7 +44,8 @@ class Loop {
   virtual void setClient(LoopClient* client) = 0;
 
   /// When the client wants its next turn, in place of what it said before; a past date means as soon as
-  /// possible, no date that only events call for one. Said at the end of every turn.
+  /// possible, no date that only events call for one. Said at the end of every turn, also while the library's
+  /// own loop runs and makes nothing of it: only when another loop is about to sleep is it worth a timer.
   virtual void scheduleTurn(std::optional<double> date) = 0;
 };
 

@@ -56,6 +56,8 @@ QtLoop::QtLoop()
     : timer_(timerfd_create(CLOCK_MONOTONIC, TFD_NONBLOCK | TFD_CLOEXEC)),
       notifier_(timer_, QSocketNotifier::Read) {
   connect(&notifier_, &QSocketNotifier::activated, this, [this] { timerExpired(); });
+  auto* dispatcher = QAbstractEventDispatcher::instance();
+  if (dispatcher) connect(dispatcher, &QAbstractEventDispatcher::aboutToBlock, this, &QtLoop::prepareToSleep);
 }
 
 QtLoop::~QtLoop() {
@@ -74,24 +76,23 @@ bool QtLoop::dispatchEvent() {
 
 void QtLoop::scheduleTurn(std::optional<double> date) {
   sources_.turnEnds();
-  arm(date);
+  scheduled_ = date;
 }
 
 bool QtLoop::isDriven() const { return loopDepth() > depth_; }
 
 bool QtLoop::isReady(std::optional<double> until) const {
-  return isWoken_ || isExpired_ || sources_.hasEvent() || (until && *until <= now());
+  return isWoken_ || sources_.hasEvent() || (until && *until <= now());
 }
 
 void QtLoop::wait(std::optional<double> until) {
   if (!QAbstractEventDispatcher::instance()) return;
-  if (!until || *until > now()) arm(until);
   const Driving driving(*this, true);
+  until_ = until;
   do {
     process(isReady(until) ? QEventLoop::AllEvents : QEventLoop::WaitForMoreEvents);
   } while (!isReady(until));
   isWoken_ = false;
-  isExpired_ = false;
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
@@ -115,7 +116,7 @@ bool QtLoop::event(QEvent* event) {
   isWoken_ = true;
   // Through the timer rather than at once, so that a client that always has more to do cannot keep the
   // other loop from its own events.
-  if (isDriven()) arm(now());
+  if (isDriven()) scheduled_ = now();
   return true;
 }
 
@@ -123,9 +124,11 @@ void QtLoop::process(QEventLoop::ProcessEventsFlags flags) {
   if (auto* dispatcher = QAbstractEventDispatcher::instance()) dispatcher->processEvents(flags);
 }
 
+// Another loop may have started inside of one of our turns, and waits for the client's next one.
+void QtLoop::prepareToSleep() { arm(isDriven() ? scheduled_ : until_); }
+
 void QtLoop::arm(std::optional<double> date) {
   if (date && std::isnan(*date)) date.reset();
-  isExpired_ = false;
   if (date == armed_) return;
   armed_ = date;
   const auto spec = date ? expiry(*date) : itimerspec{};
@@ -136,19 +139,18 @@ void QtLoop::timerExpired() {
   std::uint64_t expirations = 0;
   if (read(timer_, &expirations, sizeof expirations) <= 0) return;
   armed_.reset();
-  isExpired_ = true;
   if (isDriven()) runTurn();
 }
 
 void QtLoop::runTurn() {
   isWoken_ = false;
-  isExpired_ = false;
+  scheduled_.reset();
   if (!client_) return;
   {
     const Driving driving(*this, false);
     client_->turn();
   }
-  if (isWoken_ || sources_.hasEvent()) arm(now());
+  if (isWoken_ || sources_.hasEvent()) scheduled_ = now();
 }
 
 }  // namespace bkuk::host

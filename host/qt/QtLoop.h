@@ -13,7 +13,8 @@
 namespace bkuk::host {
 
 /// Waiting, on Qt's event dispatcher. One timer descriptor of the kernel stands for the next date, and
-/// nothing else ever wakes the process.
+/// nothing else ever wakes the process. It is set when the dispatcher is about to sleep, if it is not set to
+/// that date already: turns that follow one another cost no timer.
 ///
 /// The library's loop usually drives: it calls `wait`, and Qt's events come in during that. When another
 /// loop drives, because the application runs `QGuiApplication::exec` or a dialogue of its own inside one
@@ -48,6 +49,7 @@ class QtLoop final : public QObject, public Loop {
   // Takes in what the desktop has sent, without waiting; does nothing while another loop drives.
   void pump();
   void process(QEventLoop::ProcessEventsFlags flags);
+  void prepareToSleep();
   void arm(std::optional<double> date);
   void timerExpired();
   void runTurn();
@@ -56,8 +58,9 @@ class QtLoop final : public QObject, public Loop {
   LoopClient* client_ = nullptr;
   int timer_;
   QSocketNotifier notifier_;
+  std::optional<double> scheduled_;  // the client's next turn, for another loop
+  std::optional<double> until_;      // the date that ends the present wait
   std::optional<double> armed_;
-  bool isExpired_ = false;
   bool isWoken_ = false;
   bool isPumping_ = false;
   std::atomic<bool> isWakePosted_ = false;

@@ -57,7 +57,8 @@ NSApplication& NSApplication::shared() {
     NSThread::becomeMainThread();
     const auto made = make<NSApplication>();
     static NSApplication* attached = made.get();
-    NSRunLoop::main().addTurnEndObserver(commitOrder, [] { attached->commit(); });
+    NSRunLoop::main().addTurnEndObserver(
+        commitOrder, [] { attached->commit(); }, [] { return attached->needsCommit(); });
     host::addInstallObserver([](host::Host& host) { attached->attach(host); });
     made->refreshEffectiveAppearance();
     return made;
@@ -193,6 +194,12 @@ void NSApplication::commit() {
     const Ref<NSWindow> window = orderedIn_[i];
     window->render();
   }
+}
+
+bool NSApplication::needsCommit() const {
+  const auto needsIt = [](const auto& window) { return window->needsCommit(); };
+  return CATransaction::needsFlush() || AccessibilityTree::hasUntoldChildren() ||
+         std::ranges::any_of(orderedIn_, needsIt);
 }
 
 // Events

@@ -96,6 +96,7 @@ class NSApplication : public NSResponder {
   void refreshEffectiveAppearance();
   void tellWindowsOfAppearance();
   void commit();
+  [[nodiscard]] bool needsCommit() const;
 
   // The windows' side.
   void addWindow(NSWindow& window);

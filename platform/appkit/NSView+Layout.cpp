@@ -33,6 +33,12 @@ void NSView::markLayoutUpwards() {
   if (const auto window = window_.lock()) window->setNeedsCommit();
 }
 
+bool NSView::subtreeNeedsPass() {
+  if (subtreeNeedsLayout_ || subtreeTrackingIsStale_) return true;
+  const Ref<LayoutEngine> engine = layoutEngine();
+  return engine && engine->needsUpdate();
+}
+
 void NSView::layoutSubtreeIfNeeded() {
   const Ref<NSView> self(this);
   for (int round = 0; round < mostRounds; ++round) {

@@ -310,6 +310,8 @@ class NSView : public NSResponder, public CALayerDelegate, public NSLayoutItem {
   [[nodiscard]] Placement placementInSuperview() const;
   [[nodiscard]] Placement placementInWindow() const;
   [[nodiscard]] Ref<NSView> validKeyView(Ref<NSView> (NSView::*next)() const) const;
+  // Whether a view in here waits for the layout, or for its tracking areas to follow it.
+  [[nodiscard]] bool subtreeNeedsPass();
   void markLayoutUpwards();
   void markTrackingStale();
   void updateTrackingInTree();

@@ -537,6 +537,11 @@ void NSWindow::layoutDirectionDidChange() { frameView_->layoutDirectionDidChange
 
 void NSWindow::setNeedsCommit() { NSRunLoop::main().setNeedsTurn(); }
 
+bool NSWindow::needsCommit() const {
+  return frameView_->subtreeNeedsPass() || activityIsStale_ || focusRing_->needsUpdate() ||
+         renderer_.hasDamage();
+}
+
 void NSWindow::layoutIfNeeded() { frameView_->layoutSubtreeIfNeeded(); }
 
 void NSWindow::updateTracking() {

@@ -187,6 +187,8 @@ class NSWindow : public NSResponder {
   void displayIfNeeded();
   /// Asks for a display pass at the end of this turn of the run loop, or in a turn of its own.
   void setNeedsCommit();
+  // Whether a commit now would find anything to do.
+  [[nodiscard]] bool needsCommit() const;
   /// The pixels of the window as last painted.
   [[nodiscard]] const host::Bitmap& image() const { return renderer_.image(); }
   [[nodiscard]] const CARenderer& renderer() const { return renderer_; }

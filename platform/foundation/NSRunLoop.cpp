@@ -209,9 +209,10 @@ void NSRunLoop::move(const Ref<NSTimer>& timer, double fireDate) {
   scheduleHostOutsideTurn();
 }
 
-Ref<NSRunLoopObserver> NSRunLoop::addTurnEndObserver(int order, std::function<void()> handler) {
+Ref<NSRunLoopObserver> NSRunLoop::addTurnEndObserver(int order, std::function<void()> handler,
+                                                     std::function<bool()> hasWorkLeft) {
   required(handler, "NSRunLoop: no handler; give addTurnEndObserver one");
-  auto observer = make<NSRunLoopObserver>(order, std::move(handler));
+  auto observer = make<NSRunLoopObserver>(order, std::move(handler), std::move(hasWorkLeft));
   auto observers = std::make_shared<Observers>(*observers_);
   const auto place = std::ranges::upper_bound(*observers, order, {}, &NSRunLoopObserver::order_);
   observers->insert(place, observer);
@@ -228,8 +229,15 @@ void NSRunLoop::remove(NSRunLoopObserver& observer) {
 void NSRunLoop::runTurnEndObservers() {
   const auto snapshot = observers_;
   for (const auto& observer : *snapshot) {
-    if (observer->isValid_) observer->handler_();
+    if (observer->isValid_) runTurnEnd(*observer);
   }
+}
+
+// A commit asks for turns by what it does, such as a layer that is displayed, and serves them in the same go.
+void NSRunLoop::runTurnEnd(NSRunLoopObserver& observer) {
+  const bool neededTurn = needsTurn_;
+  observer.handler_();
+  if (!neededTurn && needsTurn_ && observer.hasWorkLeft_) needsTurn_ = observer.hasWorkLeft_();
 }
 
 void NSRunLoop::setNeedsTurn() {

@@ -53,8 +53,10 @@ class NSRunLoop final : public NSObject {
   [[nodiscard]] std::optional<double> nextFireDate() const;
 
   /// Adds work for the end of every turn, in rising order, equal orders in order of addition. Used by the
-  /// commit of layers and windows.
-  Ref<NSRunLoopObserver> addTurnEndObserver(int order, std::function<void()> handler);
+  /// commit of layers and windows. `hasWorkLeft` is asked when a turn was asked for while the handler ran:
+  /// only if it answers yes there will be one. Without it there always is.
+  Ref<NSRunLoopObserver> addTurnEndObserver(int order, std::function<void()> handler,
+                                            std::function<bool()> hasWorkLeft = {});
 
   /// Asks for a turn even though no block, timer or event calls for one: called by whoever leaves work to a
   /// turn-end observer. Cheap to call often.
@@ -94,6 +96,7 @@ class NSRunLoop final : public NSObject {
 
   void remove(NSRunLoopObserver& observer);
   void runTurnEndObservers();
+  void runTurnEnd(NSRunLoopObserver& observer);
   void scheduleHost() const;
   void scheduleHostOutsideTurn() const;
 

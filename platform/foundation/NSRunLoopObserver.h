@@ -11,7 +11,8 @@ namespace bkuk {
 /// `NSRunLoop::addTurnEndObserver`, which also keeps it alive.
 class NSRunLoopObserver final : public NSObject {
  public:
-  NSRunLoopObserver(int order, std::function<void()> handler) : order_(order), handler_(std::move(handler)) {}
+  NSRunLoopObserver(int order, std::function<void()> handler, std::function<bool()> hasWorkLeft)
+      : order_(order), handler_(std::move(handler)), hasWorkLeft_(std::move(hasWorkLeft)) {}
 
   [[nodiscard]] int order() const { return order_; }
   [[nodiscard]] bool isValid() const { return isValid_; }
@@ -24,6 +25,7 @@ class NSRunLoopObserver final : public NSObject {
   int order_;
   bool isValid_ = true;
   std::function<void()> handler_;
+  std::function<bool()> hasWorkLeft_;
 };
 
 }  // namespace bkuk

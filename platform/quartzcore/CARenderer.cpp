@@ -178,12 +178,14 @@ void CARenderer::setNeedsRenderAll() {
   treeDidChange();
 }
 
-bool CARenderer::hasDamage() const { return !core_->damage.isEmpty() || !core_->isUpToDate(); }
+bool CARenderer::hasDamage() const {
+  return !core_->image.isEmpty() && (!core_->damage.isEmpty() || !core_->isUpToDate());
+}
 
 std::span<const host::PixelRect> CARenderer::render() {
   auto& core = *core_;
   core.presented.clear();
-  if (!hasDamage() || core.image.isEmpty()) return {};
+  if (!hasDamage()) return {};
   core.update();
   if (core.damage.isEmpty()) return {};
   core.repaint(LayerAnimator::shared().time());

@@ -30,6 +30,8 @@ void CATransaction::flush() {
   levels().endImplicit();
   if (!levels().isEmpty()) return;
   RendererList::shared().commit();
+  // What layers change while they are displayed opens one again, which must not reach into the next turn.
+  levels().endImplicit();
   LayerAnimator::shared().dropUnstarted();
   CompletionGroup::callDueBlocks();
 }

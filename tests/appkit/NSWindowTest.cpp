@@ -6,6 +6,7 @@
 #include "platform/appkit/NSCursor.h"
 #include "platform/appkit/NSEventMonitor.h"
 #include "platform/appkit/NSWindow.h"
+#include "platform/foundation/NSRunLoop.h"
 #include "testing/VirtualHostScope.h"
 #include "tests/appkit/RecordingView.h"
 #include "tests/support/StopLine.h"
@@ -369,6 +370,36 @@ TEST(NSWindowLife, AShownWindowStaysUntilItIsClosed) {
   EXPECT_FALSE(NSApplication::shared().keyWindow());
   EXPECT_TRUE(host->windows().empty());
   NSNotificationCenter::default_().removeObserver(token.get());
+}
+
+TEST(NSWindowCommit, AVisibleChangeTakesOneTurn) {
+  const VirtualHostScope host;
+  WindowWithView fixture;
+  const auto later = make<RecordingView>(NSRect(0, 0, 10, 10));
+  fixture.window->contentView()->addSubview(later);
+  host->settle();
+  fixture.view->takeLog();
+  later->takeLog();
+  int turns = 0;
+  const auto counter = NSRunLoop::main().addTurnEndObserver(0, [&] { ++turns; });
+  const auto turnsTaken = [&] {
+    host->settle();
+    return std::exchange(turns, 0);
+  };
+  fixture.view->setNeedsDisplay(true);
+  EXPECT_EQ(turnsTaken(), 1);
+  EXPECT_THAT(fixture.view->takeLog(), ElementsAre("draw"));
+  fixture.view->setFrame({10, 10, 60, 60});
+  fixture.view->setNeedsLayout(true);
+  fixture.window->makeFirstResponder(fixture.view.get());
+  EXPECT_EQ(turnsTaken(), 1);
+  fixture.view->takeLog();
+  // What is left over has a turn of its own.
+  fixture.view->onCall = [&](std::string_view) { later->setNeedsLayout(true); };
+  fixture.view->setNeedsDisplay(true);
+  EXPECT_EQ(turnsTaken(), 2);
+  EXPECT_THAT(later->takeLog(), ElementsAre("layout"));
+  counter->invalidate();
 }
 
 TEST(NSWindowCursor, TheShapeReachesEveryWindow) {

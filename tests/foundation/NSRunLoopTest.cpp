@@ -106,6 +106,21 @@ TEST_F(NSRunLoopTest, WorkLeftToTheCommitHasATurn) {
   commit->invalidate();
 }
 
+TEST_F(NSRunLoopTest, WorkThatTheCommitHasServedItselfHasNone) {
+  int commits = 0;
+  int left = 2;
+  const auto commit = loop.addTurnEndObserver(
+      0,
+      [&] {
+        ++commits;
+        loop.setNeedsTurn();
+      },
+      [&] { return left-- > 0; });
+  host->settle();
+  EXPECT_EQ(commits, 3);
+  commit->invalidate();
+}
+
 TEST_F(NSRunLoopTest, AHostThatComesLaterIsToldWhatIsDue) {
   const auto timer = NSTimer::scheduledTimer(2, false, [&](NSTimer&) { log.push_back("fired"); });
   const VirtualHostScope later;

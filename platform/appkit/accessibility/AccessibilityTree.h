@@ -30,6 +30,7 @@ class AccessibilityTree final : public host::AccessibilityTree {
   static void tellChildren() {
     if (!shared().changedParents_.empty()) shared().tellChangedParents();
   }
+  [[nodiscard]] static bool hasUntoldChildren() { return !shared().changedParents_.empty(); }
   /// To be called by an element that goes and has an id.
   void forget(host::AccessibilityId id);
 

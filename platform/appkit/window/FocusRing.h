@@ -19,6 +19,7 @@ class FocusRing {
   /// shown before a key is pressed, unless the view is there to be typed into.
   void pointerDidChoose(NSView& view);
   void keyWasPressed();
+  [[nodiscard]] bool needsUpdate() const { return isStale_; }
   void updateIfNeeded();
 
  private:
