@@ -77,9 +77,10 @@ class NSObject {
 
   inline static std::atomic<bool> isCounted_{false};
 
-  // The creator's reference is counted from the start, so that a constructor may hand out references.
-  mutable std::atomic<std::uint32_t> count_{1};
   mutable std::atomic<WeakCell*> cell_{nullptr};
+  // The creator's reference is counted from the start, so that a constructor may hand out references. Last,
+  // so that small members of derived classes find place behind it.
+  mutable std::atomic<std::uint32_t> count_{1};
 };
 
 /// Constructs an object, then calls its `didInit()`.

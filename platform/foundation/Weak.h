@@ -38,6 +38,10 @@ class Weak {
     return cell_ && cell_->retainObject() ? Ref<T>::adopt(object_) : Ref<T>();
   }
 
+  /// The object without holding it, null when it is gone. For walks on the main thread that call nobody who
+  /// could let it go.
+  [[nodiscard]] T* peek() const noexcept { return isAlive() ? object_ : nullptr; }
+
   [[nodiscard]] bool isAlive() const noexcept { return cell_ && cell_->isAlive(); }
 
   /// Whether this refers to exactly that object and it is alive.
