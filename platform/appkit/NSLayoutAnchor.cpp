@@ -1,13 +1,16 @@
 #include "platform/appkit/NSLayoutAnchor.h"
 
 #include "platform/appkit/NSLayoutConstraint.h"
+#include "platform/appkit/constraints/LayoutPart.h"
 
 namespace bkuk {
 
 using Relation = NSLayoutRelation;
 
 NSLayoutAnchorBase::NSLayoutAnchorBase(NSLayoutItem& item, NSLayoutAttribute attribute)
-    : object_(&item.layoutObject()), item_(&item), attribute_(attribute) {}
+    : attribute_(attribute), isOfGuide_(item.isLayoutGuide()), object_(&item.layoutObject()) {}
+
+NSLayoutItem* NSLayoutAnchorBase::item() const { return layoutItem(object_.peek(), isOfGuide_); }
 
 Ref<NSLayoutConstraint> NSLayoutAnchorBase::constraint(Relation relation, const NSLayoutAnchorBase* other,
                                                        CGFloat multiplier, CGFloat constant) const {

@@ -15,7 +15,7 @@ class NSLayoutAnchorBase : public NSObject {
   NSLayoutAnchorBase(NSLayoutItem& item, NSLayoutAttribute attribute);
 
   /// None when it is gone.
-  [[nodiscard]] NSLayoutItem* item() const { return object_.isAlive() ? item_ : nullptr; }
+  [[nodiscard]] NSLayoutItem* item() const;
   [[nodiscard]] NSLayoutAttribute attribute() const { return attribute_; }
 
  protected:
@@ -23,9 +23,9 @@ class NSLayoutAnchorBase : public NSObject {
                                                    CGFloat multiplier, CGFloat constant) const;
 
  private:
-  Weak<NSObject> object_;
-  NSLayoutItem* item_;
   NSLayoutAttribute attribute_;
+  bool isOfGuide_;
+  Weak<NSObject> object_;
 };
 
 /// Anchors of one kind, which alone can be put in relation. The constraints are made inactive:

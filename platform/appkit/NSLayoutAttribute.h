@@ -1,11 +1,13 @@
 #pragma once
 
+#include <cstdint>
+
 namespace bkuk {
 
 /// What of an item a constraint speaks of. Edges are those of the alignment rectangle; top and bottom are
 /// meant as seen, so that a greater top lies lower in flipped and in unflipped views alike. Leading is left
 /// unless the view around both items runs from right to left.
-enum class NSLayoutAttribute {
+enum class NSLayoutAttribute : std::uint8_t {
   none = 0,
   left = 1,
   right = 2,
@@ -21,7 +23,7 @@ enum class NSLayoutAttribute {
   firstBaseline = 12,
 };
 
-enum class NSLayoutRelation { lessThanOrEqual = -1, equal = 0, greaterThanOrEqual = 1 };
+enum class NSLayoutRelation : std::int8_t { lessThanOrEqual = -1, equal = 0, greaterThanOrEqual = 1 };
 
 /// Above 0 to 1000. Constraints below 1000 may be broken, those of higher priority last.
 using NSLayoutPriority = float;

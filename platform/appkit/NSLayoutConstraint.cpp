@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 #include <cstdio>
+#include <unordered_map>
 
 #include "platform/appkit/NSLayoutGuide.h"
 #include "platform/appkit/NSView.h"
@@ -64,6 +65,12 @@ std::string_view nameOf(Attribute attribute) {
   return names[static_cast<std::size_t>(attribute)];
 }
 
+// Few constraints have one.
+std::unordered_map<const NSLayoutConstraint*, std::string>& identifiers() {
+  static auto& all = *new std::unordered_map<const NSLayoutConstraint*, std::string>;
+  return all;
+}
+
 std::string text(double number) {
   std::array<char, 32> buffer{};
   std::snprintf(buffer.data(), buffer.size(), "%g", number);
@@ -75,11 +82,13 @@ std::string text(double number) {
 NSLayoutConstraint::NSLayoutConstraint(NSLayoutItem* item, Attribute attribute, NSLayoutRelation relatedBy,
                                        NSLayoutItem* toItem, Attribute toAttribute, CGFloat multiplier,
                                        CGFloat constant)
-    : first_(item),
-      second_(toItem),
-      firstAttribute_(attribute),
+    : firstAttribute_(attribute),
       secondAttribute_(toItem ? toAttribute : Attribute::none),
       relation_(relatedBy),
+      firstIsGuide_(item && item->isLayoutGuide()),
+      secondIsGuide_(toItem && toItem->isLayoutGuide()),
+      first_(item ? &item->layoutObject() : nullptr),
+      second_(toItem ? &toItem->layoutObject() : nullptr),
       multiplier_(multiplier),
       constant_(constant) {
   if (!item || attribute == Attribute::none) fatal("A constraint needs an item and an attribute", unit);
@@ -89,7 +98,27 @@ NSLayoutConstraint::NSLayoutConstraint(NSLayoutItem* item, Attribute attribute, 
     fatal("A constraint needs finite numbers", unit);
 }
 
-NSLayoutConstraint::~NSLayoutConstraint() { leaveItems(); }
+NSLayoutConstraint::~NSLayoutConstraint() {
+  leaveItems();
+  if (hasIdentifier_) identifiers().erase(this);
+}
+
+NSLayoutItem* NSLayoutConstraint::firstItem() const { return layoutItem(first_.peek(), firstIsGuide_); }
+NSLayoutItem* NSLayoutConstraint::secondItem() const { return layoutItem(second_.peek(), secondIsGuide_); }
+
+const std::string& NSLayoutConstraint::identifier() const {
+  static const auto& none = *new std::string;
+  return hasIdentifier_ ? identifiers().at(this) : none;
+}
+
+void NSLayoutConstraint::setIdentifier(std::string identifier) {
+  hasIdentifier_ = !identifier.empty();
+  if (!hasIdentifier_) {
+    identifiers().erase(this);
+  } else {
+    identifiers()[this] = std::move(identifier);
+  }
+}
 
 void NSLayoutConstraint::activateConstraints(std::span<const Ref<NSLayoutConstraint>> constraints) {
   for (const auto& constraint : constraints) constraint->setActive(true);
@@ -103,7 +132,9 @@ void NSLayoutConstraint::setConstant(CGFloat constant) {
   if (!std::isfinite(constant)) fatal("A constraint needs finite numbers", unit);
   if (constant == constant_) return;
   constant_ = constant;
-  if (const auto holder = holder_.lock()) holder->madeLayoutEngine().constantDidChange(*this);
+  const auto holder = holder_.lock();
+  if (!holder || work_ == Work::none) return;
+  if (const auto engine = holder->layoutEngine()) engine->constantDidChange(*this);
 }
 
 void NSLayoutConstraint::setPriority(NSLayoutPriority priority) {
@@ -118,34 +149,40 @@ void NSLayoutConstraint::setPriority(NSLayoutPriority priority) {
     fatal("The priority of an active constraint cannot change between required and not required", unit);
   }
   priority_ = priority;
-  if (holder) holder->madeLayoutEngine().priorityDidChange(*this);
+  if (!holder || work_ == Work::none) return;
+  if (const auto engine = holder->layoutEngine()) engine->priorityDidChange(*this);
 }
 
 // Activity
 
-Ref<NSView> NSLayoutConstraint::commonView() const {
-  const auto keepFirst = first_.hold();
-  const auto keepSecond = second_.hold();
-  if (!keepFirst || (hasSecond() && !keepSecond)) return nullptr;
-  auto& first = *first_.item();
-  if (!hasSecond())
-    return kindOf(firstAttribute_) == Kind::size ? first.layoutView() : first.layoutContainer();
-  Ref<NSView> a = first.layoutView();
-  Ref<NSView> b = second_.item()->layoutView();
-  if (a == b || b->superview() == a) return a;
-  if (a->superview() == b) return b;
+NSView* NSLayoutConstraint::viewOf(NSLayoutItem& item) {
+  return item.isLayoutGuide() ? static_cast<NSLayoutGuide&>(item).owner_.peek() : &static_cast<NSView&>(item);
+}
+
+NSView* NSLayoutConstraint::commonView() const {
+  auto* first = firstItem();
+  auto* second = secondItem();
+  if (!first || (hasSecond() && !second)) return nullptr;
+  NSView* a = viewOf(*first);
+  if (!hasSecond()) {
+    return kindOf(firstAttribute_) == Kind::size || firstIsGuide_ ? a : a->superview_.peek();
+  }
+  NSView* b = viewOf(*second);
+  if (!a || !b) return nullptr;
+  if (a == b || b->superview_.refersTo(a)) return a;
+  if (a->superview_.refersTo(b)) return b;
   // Level with each other, then upwards together.
-  const auto depth = [](Ref<NSView> view) {
+  const auto depth = [](const NSView* view) {
     int steps = 0;
-    for (; view; view = view->superview()) ++steps;
+    for (; view; view = view->superview_.peek()) ++steps;
     return steps;
   };
   const int difference = depth(a) - depth(b);
-  for (int i = 0; i < difference; ++i) a = a->superview();
-  for (int i = 0; i < -difference; ++i) b = b->superview();
+  for (int i = 0; i < difference; ++i) a = a->superview_.peek();
+  for (int i = 0; i < -difference; ++i) b = b->superview_.peek();
   while (a != b) {
-    a = a->superview();
-    b = b->superview();
+    a = a->superview_.peek();
+    b = b->superview_.peek();
   }
   return a;
 }
@@ -160,31 +197,50 @@ void NSLayoutConstraint::setActive(bool active) {
   }
 }
 
+// A tree that has no engine gets one when its layout comes to solve constraints.
 void NSLayoutConstraint::activate() {
-  const auto holder = commonView();
+  NSView* holder = commonView();
   if (!holder) fatal("The items of a constraint have no common view: " + description(), unit);
   holder_ = holder;
-  holder->layoutPart().held.push_back(this);
-  first_.item()->layoutPart().naming.push_back(this);
-  if (auto* second = second_.item(); second && second != first_.item()) {
-    second->layoutPart().naming.push_back(this);
-  }
-  holder->madeLayoutEngine().add(*this);
+  auto& held = holder->layoutPart().held;
+  place_ = static_cast<std::uint32_t>(held.size());
+  held.emplace_back(this);
+  enterItems();
+  auto& tree = holder->layoutRoot().layoutPart();
+  if (tree.engine) return tree.engine->add(*this);
+  tree.awaitsEngine = true;
+  holder->markLayoutUpwards();
 }
 
 void NSLayoutConstraint::deactivate() {
   const auto holder = holder_.lock();
-  if (const auto engine = holder->layoutEngine()) engine->remove(*this);
+  if (work_ != Work::none) {
+    if (const auto engine = holder->layoutEngine()) engine->remove(*this);
+  }
   leaveItems();
   holder_ = nullptr;
   auto& held = holder->layoutPart().held;
-  held.erase(std::ranges::find(held, this, &Ref<NSLayoutConstraint>::get));
+  held.back()->place_ = place_;
+  std::swap(held[place_], held.back());
+  held.pop_back();
+}
+
+// The holder has the constraint in its list.
+void NSLayoutConstraint::enterItems() {
+  isListed_ = true;
+  auto* first = firstItem();
+  auto* second = secondItem();
+  for (auto* item : {first, second == first ? nullptr : second}) {
+    if (item && (item->isLayoutGuide() || viewOf(*item) != holder_.peek()))
+      item->layoutPart().naming.push_back(this);
+  }
 }
 
 void NSLayoutConstraint::leaveItems() {
-  for (const auto* reference : {&first_, &second_}) {
-    const auto keep = reference->hold();
-    if (keep && reference->item()->layoutPart_) std::erase(reference->item()->layoutPart_->naming, this);
+  if (!isListed_) return;
+  isListed_ = false;
+  for (auto* item : {firstItem(), secondItem()}) {
+    if (item && item->layoutPart_) std::erase(item->layoutPart_->naming, this);
   }
 }
 
@@ -201,7 +257,7 @@ std::string NSLayoutConstraint::description() const {
     formula += text(constant_);
   }
   if (priority_ != NSLayoutPriorityRequired) formula += " @" + text(priority_);
-  return identifier_.empty() ? formula : identifier_ + ": " + formula;
+  return hasIdentifier_ ? identifier() + ": " + formula : formula;
 }
 
 }  // namespace bkuk

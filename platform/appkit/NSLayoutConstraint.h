@@ -55,8 +55,8 @@ class NSLayoutConstraint final : public NSObject {
   static void deactivateConstraints(std::span<const Ref<NSLayoutConstraint>> constraints);
 
   /// None when it is gone or there is none.
-  [[nodiscard]] NSLayoutItem* firstItem() const { return first_.item(); }
-  [[nodiscard]] NSLayoutItem* secondItem() const { return second_.item(); }
+  [[nodiscard]] NSLayoutItem* firstItem() const;
+  [[nodiscard]] NSLayoutItem* secondItem() const;
   [[nodiscard]] NSLayoutAttribute firstAttribute() const { return firstAttribute_; }
   [[nodiscard]] NSLayoutAttribute secondAttribute() const { return secondAttribute_; }
   [[nodiscard]] NSLayoutRelation relation() const { return relation_; }
@@ -73,8 +73,8 @@ class NSLayoutConstraint final : public NSObject {
   /// To activate a constraint whose items have no common view is a fatal error.
   void setActive(bool active);
 
-  [[nodiscard]] const std::string& identifier() const { return identifier_; }
-  void setIdentifier(std::string identifier) { identifier_ = std::move(identifier); }
+  [[nodiscard]] const std::string& identifier() const;
+  void setIdentifier(std::string identifier);
 
   /// As a formula, for messages.
   [[nodiscard]] std::string description() const;
@@ -84,35 +84,35 @@ class NSLayoutConstraint final : public NSObject {
   friend class LayoutEngine;
   friend class NSView;
 
-  class ItemReference {
-   public:
-    explicit ItemReference(NSLayoutItem* item)
-        : item_(item), object_(item ? &item->layoutObject() : nullptr) {}
-    [[nodiscard]] NSLayoutItem* item() const { return object_.isAlive() ? item_ : nullptr; }
-    [[nodiscard]] Ref<NSObject> hold() const { return object_.lock(); }
-
-   private:
-    NSLayoutItem* item_;
-    Weak<NSObject> object_;
-  };
+  /// How far an engine has come with the constraint.
+  enum class Work : std::uint8_t { none, waiting, installed, constantChanged };
 
   void activate();
   void deactivate();
-  /// Takes the constraint out of its items' lists.
+  void enterItems();
   void leaveItems();
-  [[nodiscard]] Ref<NSView> commonView() const;
+  [[nodiscard]] static NSView* viewOf(NSLayoutItem& item);
+  [[nodiscard]] NSView* commonView() const;
   [[nodiscard]] bool hasSecond() const { return secondAttribute_ != NSLayoutAttribute::none; }
 
-  const ItemReference first_;
-  const ItemReference second_;
+  // In an order that leaves no holes, for there are many constraints.
   const NSLayoutAttribute firstAttribute_;
   const NSLayoutAttribute secondAttribute_;
   const NSLayoutRelation relation_;
+  const bool firstIsGuide_ : 1;
+  const bool secondIsGuide_ : 1;
+  bool hasIdentifier_ : 1 = false;
+  bool isListed_ : 1 = false;  // by its items
+  bool isWithin_ : 1 = false;  // a tree that is about to leave another
+  Work work_ : 3 = Work::none;
+  const Weak<NSObject> first_;
+  const Weak<NSObject> second_;
   const CGFloat multiplier_;
   CGFloat constant_;
-  NSLayoutPriority priority_ = NSLayoutPriorityRequired;
   Weak<NSView> holder_;
-  std::string identifier_;
+  NSLayoutPriority priority_ = NSLayoutPriorityRequired;
+  std::uint32_t place_ = 0;        // among those that the holder holds
+  std::uint32_t engineIndex_ = 0;  // of the solver's constraint, or the place among those that wait
 };
 
 }  // namespace bkuk

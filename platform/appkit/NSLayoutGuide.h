@@ -21,9 +21,11 @@ class NSLayoutGuide final : public NSObject, public NSLayoutItem {
   [[nodiscard]] NSObject& layoutObject() override { return *this; }
   [[nodiscard]] Ref<NSView> layoutContainer() const override;
   [[nodiscard]] Ref<NSView> layoutView() override;
+  [[nodiscard]] bool isLayoutGuide() const override { return true; }
 
  private:
   friend class LayoutEngine;
+  friend class NSLayoutConstraint;
   friend class NSView;
 
   Weak<NSView> owner_;

@@ -1,5 +1,6 @@
 #include "platform/appkit/NSLayoutItem.h"
 
+#include "platform/appkit/NSView.h"
 #include "platform/appkit/constraints/LayoutPart.h"
 
 namespace bkuk {
@@ -10,6 +11,12 @@ NSLayoutItem::~NSLayoutItem() = default;
 LayoutPart& NSLayoutItem::layoutPart() {
   if (!layoutPart_) layoutPart_ = std::make_unique<LayoutPart>();
   return *layoutPart_;
+}
+
+NSLayoutItem* layoutItem(NSObject* object, bool isGuide) {
+  if (!object) return nullptr;
+  if (isGuide) return static_cast<NSLayoutGuide*>(object);
+  return static_cast<NSView*>(object);
 }
 
 using Attribute = NSLayoutAttribute;

@@ -36,6 +36,8 @@ class NSLayoutItem {
   [[nodiscard]] virtual Ref<NSView> layoutContainer() const = 0;
   /// The item itself when it is a view, else the view that it lies in.
   [[nodiscard]] virtual Ref<NSView> layoutView() = 0;
+  /// True for a layout guide; every other item is a view.
+  [[nodiscard]] virtual bool isLayoutGuide() const { return false; }
 
  protected:
   NSLayoutItem();

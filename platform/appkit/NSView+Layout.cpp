@@ -1,7 +1,6 @@
 #include "platform/appkit/NSView.h"
 
 #include <algorithm>
-#include <unordered_set>
 #include <utility>
 
 #include "platform/appkit/NSWindow.h"
@@ -44,13 +43,13 @@ void NSView::layoutSubtreeIfNeeded() {
   for (int round = 0; round < mostRounds; ++round) {
     updateConstraints();
     layoutMarkedViews();
-    const Ref<LayoutEngine> engine = layoutEngine();
+    const Ref<LayoutEngine> engine = restoredLayoutEngine();
     if (!engine || !engine->needsUpdate()) return;
   }
 }
 
 void NSView::updateConstraints() {
-  const Ref<LayoutEngine> engine = layoutEngine();
+  const Ref<LayoutEngine> engine = restoredLayoutEngine();
   if (engine && engine->needsUpdate()) engine->update();
 }
 
@@ -75,9 +74,9 @@ void NSView::layout() {
 
 // The window is the quick way, but not for views that are about to leave it and have it still.
 NSView& NSView::layoutRoot() {
-  if (const auto window = window_.lock(); window && movesInProgress_ == 0) return *window->frameView_;
+  if (const auto* window = window_.peek(); window && movesInProgress_ == 0) return *window->frameView_;
   NSView* root = this;
-  while (auto* parent = root->superview_.lock().get()) root = parent;
+  while (auto* parent = root->superview_.peek()) root = parent;
   return *root;
 }
 
@@ -86,20 +85,19 @@ Ref<LayoutEngine> NSView::layoutEngine() {
   return part ? part->engine : nullptr;
 }
 
-// Also where the tree has lost its own and has not had to solve anything since.
+// Made now where there are constraints to solve.
 Ref<LayoutEngine> NSView::restoredLayoutEngine() {
   const auto& part = layoutRoot().layoutPart_;
-  return part && part->hasLostEngine ? Ref<LayoutEngine>(&madeLayoutEngine()) : layoutEngine();
+  return part && part->awaitsEngine ? Ref<LayoutEngine>(&madeLayoutEngine()) : layoutEngine();
 }
 
 LayoutEngine& NSView::madeLayoutEngine() {
   NSView& root = layoutRoot();
   auto& part = root.layoutPart();
+  part.awaitsEngine = false;
   if (part.engine) return *part.engine;
   part.engine = make<LayoutEngine>(root);
-  if (std::exchange(part.hasLostEngine, false)) {
-    for (const auto& constraint : root.heldConstraints()) part.engine->add(*constraint);
-  }
+  for (const auto& constraint : root.heldConstraints()) part.engine->add(*constraint);
   return *part.engine;
 }
 
@@ -123,20 +121,21 @@ void NSView::forLayoutParts(Visit&& visit) {
 
 // The tree
 
-// Constraints to the outside end; those within go along, to an engine of their own.
+// Constraints to the outside end; those within go along.
 void NSView::willLeaveLayoutTree() {
-  const Ref<LayoutEngine> engine = restoredLayoutEngine();
-  if (!engine || &layoutRoot() == this) return;
+  NSView& root = layoutRoot();
+  if (&root == this || !root.layoutPart_) return;
+  const Ref<LayoutEngine> engine = root.layoutPart_->engine;
+  if (!engine && !root.layoutPart_->awaitsEngine) return;
   const auto held = heldConstraints();
-  std::unordered_set<NSLayoutConstraint*> within;
-  for (const auto& constraint : held) within.insert(constraint.get());
+  for (const auto& constraint : held) constraint->isWithin_ = true;
   std::vector<Ref<NSLayoutConstraint>> crossing;
   std::vector<NSLayoutItem*> items;
   const auto collect = [&](NSLayoutItem& item) {
     items.push_back(&item);
     if (!item.layoutPart_) return;
     for (auto* constraint : item.layoutPart_->naming) {
-      if (!within.contains(constraint)) crossing.emplace_back(constraint);
+      if (!constraint->isWithin_) crossing.emplace_back(constraint);
     }
   };
   forTree([&](NSView& view) {
@@ -144,30 +143,36 @@ void NSView::willLeaveLayoutTree() {
     if (!view.layoutPart_) return;
     for (const auto& guide : view.layoutPart_->guides) collect(*guide);
   });
+  for (const auto& constraint : held) constraint->isWithin_ = false;
   for (const auto& constraint : crossing) constraint->setActive(false);
+  if (!held.empty()) layoutPart().awaitsEngine = true;
+  if (!engine) return;
   // The innermost first, on which the least depends.
   for (auto constraint = held.rbegin(); constraint != held.rend(); ++constraint) engine->remove(**constraint);
   // Views within before those around them, by whose variables their frames are told.
   for (auto item = items.rbegin(); item != items.rend(); ++item) engine->forget(**item);
-  if (held.empty()) return;
-  layoutPart().engine = make<LayoutEngine>(*this);
-  for (const auto& constraint : held) layoutPart_->engine->add(*constraint);
 }
 
 void NSView::didEnterLayoutTree() {
   if (!layoutPart_) return;
   const auto own = std::exchange(layoutPart_->engine, nullptr);
-  const bool hasLostEngine = std::exchange(layoutPart_->hasLostEngine, false);
-  if (!own && !hasLostEngine) return;
-  const auto constraints = own ? own->dissolve() : heldConstraints();
-  for (const auto& constraint : constraints) madeLayoutEngine().add(*constraint);
+  const bool awaitsEngine = std::exchange(layoutPart_->awaitsEngine, false);
+  if (!own && !awaitsEngine) return;
+  if (own) own->disband();
+  auto& tree = layoutRoot().layoutPart();
+  if (!tree.engine) {
+    tree.awaitsEngine = true;
+    return;
+  }
+  for (const auto& constraint : heldConstraints()) tree.engine->add(*constraint);
 }
 
 void NSView::layoutTreeWillEnd() {
-  if (!layoutPart_ || (!layoutPart_->engine && !layoutPart_->hasLostEngine)) return;
+  if (!layoutPart_ || (!layoutPart_->engine && !layoutPart_->awaitsEngine)) return;
+  if (layoutPart_->engine) layoutPart_->engine->disband();
   for (const auto& view : subviews_) {
     auto& part = view->layoutPart();
-    part.hasLostEngine = true;
+    part.awaitsEngine = true;
     part.engine = nullptr;
   }
 }

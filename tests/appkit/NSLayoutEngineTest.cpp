@@ -184,6 +184,39 @@ TEST(LayoutEngine, AViewLeavesATreeThatHasLostItsRoot) {
   EXPECT_EQ(b->frame().origin.x, 7);
 }
 
+TEST(LayoutEngine, ConstraintsComeAndGoBeforeTheTreeIsLaidOut) {
+  const VirtualHostScope host;
+  const auto root = make<NSView>();
+  const auto home = make<NSView>(NSRect(0, 0, 100, 100));
+  root->addSubview(home);
+  const auto a = placedView(*home, {10, 10});
+  const auto b = placedView(*home, {10, 10});
+  const Ref<NSLayoutConstraint> within[] = {
+      activated(a->leftAnchor()->constraintEqualTo(home->leftAnchor(), 1)),
+      activated(a->topAnchor()->constraintEqualTo(home->topAnchor(), 2)),
+      activated(b->leftAnchor()->constraintEqualTo(a->rightAnchor(), 4)),
+      activated(b->topAnchor()->constraintEqualTo(a->topAnchor()))};
+  const auto crossing = activated(a->leftAnchor()->constraintEqualTo(root->leftAnchor(), 3));
+  within[0]->setActive(false);
+  within[3]->setActive(false);
+  within[0]->setActive(true);
+  within[1]->setConstant(5);
+  home->removeFromSuperview();
+  EXPECT_FALSE(crossing->isActive());
+  EXPECT_EQ(home->constraints().size(), 3U);
+  const LayoutFixture fixture;
+  fixture.root->addSubview(home);
+  within[3]->setActive(true);
+  fixture.window->layoutIfNeeded();
+  EXPECT_EQ(a->frame(), NSRect(1, 85, 10, 10));
+  EXPECT_EQ(b->frame(), NSRect(15, 85, 10, 10));
+  home->removeFromSuperview();
+  within[2]->setConstant(6);
+  fixture.root->addSubview(home);
+  fixture.window->layoutIfNeeded();
+  EXPECT_EQ(b->frame(), NSRect(17, 85, 10, 10));
+}
+
 TEST(LayoutEngine, ASizeThatInvalidatesItselfWhileItIsAskedIsItsAnswer) {
   class Restless : public NSView {
    public:

@@ -1,10 +1,11 @@
 #pragma once
 
-#include <span>
+#include <deque>
 #include <unordered_map>
 #include <vector>
 
 #include "platform/appkit/NSLayoutAttribute.h"
+#include "platform/appkit/constraints/EngineItem.h"
 #include "platform/foundation/NSGeometry.h"
 #include "platform/foundation/NSObject.h"
 #include "platform/layout/LayoutSolver.h"
@@ -16,7 +17,7 @@ class NSLayoutItem;
 class NSView;
 
 /// Solves the constraints of one tree of views and sets the frames that follow. The root of a tree owns it,
-/// from the first active constraint in the tree on.
+/// from the first layout that comes to solve constraints on.
 ///
 /// For each item that constraints name, and the views around it, the solver has the distance of its left and
 /// upper edge from those of its container, its width and its height. What changes is noted; `update` does the
@@ -40,8 +41,8 @@ class LayoutEngine final : public NSObject {
   void directionDidChange();
   /// Of an item without constraints, which leaves the tree.
   void forget(NSLayoutItem& item);
-  /// Lets go of all constraints and answers them, when the root comes into another tree.
-  [[nodiscard]] std::vector<Ref<NSLayoutConstraint>> dissolve();
+  /// Lets go of all constraints and items, when the root goes or comes into another tree.
+  void disband();
 
   [[nodiscard]] bool needsUpdate() const { return needsUpdate_; }
   /// Solves, and sets the frames that changed, superviews first. Client code is called and may do anything.
@@ -50,29 +51,8 @@ class LayoutEngine final : public NSObject {
   [[nodiscard]] CGSize solvedSize();
 
  private:
-  /// A constraint that an item brings along: its frame or its intrinsic size.
-  struct OwnConstraint {
-    LayoutExpression expression;
-    LayoutRelation relation;
-    double priority;
-    LayoutConstraintId id = 0;
-  };
-  struct Item {
-    NSLayoutItem* item = nullptr;
-    LayoutVariable x, y, width, height;
-    std::vector<OwnConstraint> own;
-    std::uint32_t depth = 0;
-    std::uint32_t constraintCount = 0;
-    bool isPlaced = false;  // by constraints, and not by its frame
-    bool isStale = false;
-    bool needsFrame = false;
-  };
-  enum class RecordState { waiting, installed, constantChanged };
-  struct Record {
-    LayoutConstraintId id = 0;
-    RecordState state = RecordState::waiting;
-    bool isLeftOut = false;
-  };
+  using Item = EngineItem;
+  using Own = EngineItem::Own;
   struct Metrics;
   struct Placement {
     Ref<NSView> view;
@@ -82,26 +62,28 @@ class LayoutEngine final : public NSObject {
 
   void setNeedsUpdate();
   void solve();
+  [[nodiscard]] Item* find(const NSLayoutItem* item) const;
   Item& itemFor(NSLayoutItem& item);
-  Item& makeItem(NSLayoutItem& item, std::uint32_t depth);
+  Item& makeItem(NSLayoutItem& item, Item* container);
+  void link(NSLayoutItem& item, Item* known);
   void markStale(Item& item);
   void markNeedsFrame(Item& item);
   void refreshItems();
-  void refreshIfStale(NSLayoutItem* item);
-  void refresh(NSLayoutItem& item);
+  void refresh(Item& item);
   void settleRestlessItems();
-  void setOwnConstraints(Item& item, std::vector<OwnConstraint> own);
-  [[nodiscard]] std::vector<OwnConstraint> ownConstraints(NSLayoutItem& item);
-  void addFrame(std::vector<OwnConstraint>& own, NSView& view);
-  void addIntrinsicSize(std::vector<OwnConstraint>& own, NSView& view);
+  void setOwnConstraints(Item& item);
+  void askForOwnConstraints(NSLayoutItem& item);
+  void addFrame(NSView& view);
+  void addIntrinsicSize(NSView& view);
 
   void installWaiting();
   void install(NSLayoutConstraint& constraint);
+  void takeOut(NSLayoutConstraint& constraint);
   void countConstraint(NSLayoutConstraint& constraint, int by);
-  [[nodiscard]] LayoutExpression expressionOf(NSLayoutConstraint& constraint);
-  [[nodiscard]] LayoutExpression valueOf(NSLayoutItem& item, NSLayoutAttribute attribute,
-                                         const Metrics& metrics, const NSView& space);
-  [[nodiscard]] static Metrics metricsOf(NSLayoutItem& item);
+  [[nodiscard]] bool readExpression(NSLayoutConstraint& constraint);
+  [[nodiscard]] Metrics metricsOf(NSLayoutItem* item, NSLayoutAttribute attribute);
+  void addValue(Item& item, NSLayoutAttribute attribute, const Metrics& metrics, const Item& space,
+                bool isRightToLeft, double factor);
   void reportLeftOut();
 
   void noteChangedItems();
@@ -112,15 +94,20 @@ class LayoutEngine final : public NSObject {
   NSView& root_;
   const Purpose purpose_;
   LayoutSolver solver_;
-  std::unordered_map<NSLayoutItem*, Item> items_;
-  std::unordered_map<NSLayoutConstraint*, Record> records_;
-  std::vector<NSLayoutConstraint*> waiting_;  // to be installed, or with a new constant
-  std::vector<NSLayoutItem*> stale_;
-  std::vector<Item*> needFrames_;
+  std::deque<Item> items_;
+  std::vector<Item*> unusedItems_;
+  std::unordered_map<const NSLayoutItem*, Item*> fittingItems_;  // those of a tree are found by their parts
   std::vector<Item*> itemsByVariable_;
-  NSView* placed_ = nullptr;             // while its frame is set from here
-  const NSLayoutItem* asked_ = nullptr;  // while it is asked what it wants
-  bool hasLeftOut_ = false;
+  std::vector<NSLayoutConstraint*> constraintsById_;
+  std::vector<NSLayoutConstraint*> waiting_;  // to be installed; none where one has left
+  std::vector<LayoutConstraintId> constantsChanged_;
+  std::vector<const NSLayoutConstraint*> leftOut_;
+  std::vector<Item*> stale_;
+  std::vector<Item*> needFrames_;
+  std::vector<Own> asked_;                   // for by the last item that was asked
+  LayoutExpression expression_;              // of the constraint at hand
+  NSView* placed_ = nullptr;                 // while its frame is set from here
+  const NSLayoutItem* askedItem_ = nullptr;  // while it is asked what it wants
   bool needsUpdate_ = false;
 };
 
