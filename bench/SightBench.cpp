@@ -56,7 +56,8 @@ struct List {
     double bytes = 0;
     for (const auto& row : rows) {
       if (const auto& contents = row->layer()->contents()) {
-        bytes += 4.0 * contents->bitmap().size().width * contents->bitmap().size().height;
+        if (contents->hasBitmap())
+          bytes += 4.0 * contents->bitmapSize().width * contents->bitmapSize().height;
       }
     }
     return bytes / (1 << 20);

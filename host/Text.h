@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "host/Geometry.h"
+#include "host/GlyphMasks.h"
 
 namespace bkuk::host {
 
@@ -54,6 +55,11 @@ class TextLine {
   [[nodiscard]] virtual std::shared_ptr<const TextLine> part(std::size_t from, std::size_t to) const = 0;
   /// Around the outlines of the glyphs, seen from the start of the baseline; its y runs up. Empty for none.
   [[nodiscard]] virtual Rect inkBounds() const = 0;
+  /// What `Canvas::drawText` paints at `scale` pixels to the point, upright, where the line starts `x` pixels
+  /// right of the canvas's edge: the masks of its glyphs, with y from the baseline's pixel. The last answer
+  /// is kept. Null when it takes more than masks, as glyphs with colours of their own and very large ones
+  /// do; a host may always answer that.
+  [[nodiscard]] virtual std::shared_ptr<const GlyphMasks> masks(double scale, double x) const = 0;
 };
 
 /// Whether a line may begin at an index.

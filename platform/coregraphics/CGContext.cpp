@@ -12,6 +12,7 @@
 #include "platform/coregraphics/CanvasTarget.h"
 #include "platform/coregraphics/GaussianBlur.h"
 #include "platform/coregraphics/HostConversions.h"
+#include "platform/coregraphics/PaintRecord.h"
 #include "platform/coregraphics/PathDasher.h"
 #include "platform/coregraphics/PathDots.h"
 
@@ -91,6 +92,9 @@ CGFloat strokeReach(const host::Stroke& stroke) {
   return stroke.width / 2 * std::max(join, diagonal) + 1;
 }
 
+// Whether a transform keeps images upright.
+bool isPlain(const CGAffineTransform& t) { return t.isScaleAndTranslation() && t.a > 0 && t.d > 0; }
+
 // Runs `draw` on a canvas whose user space is mapped by `transform`.
 template <typename Draw>
 void within(host::Canvas& canvas, const CGAffineTransform& transform, Draw draw) {
@@ -127,6 +131,13 @@ const CGContext::State& CGContext::state() const { return states_.back(); }
 CanvasTarget& CGContext::target() { return *targets_.back(); }
 
 bool CGContext::hasPainted() const { return targets_.front()->wasRequested(); }
+
+void CGContext::keepPieces() { targets_.front()->startRecord(); }
+
+std::vector<PaintedPiece> CGContext::finish() {
+  for (std::size_t i = 1; i < targets_.size(); ++i) targets_[i]->finish();
+  return targets_.front()->finish();
+}
 
 // State
 
@@ -418,23 +429,48 @@ void CGContext::paintGradient(host::Gradient gradient, const CGGradient& colors,
 
 void CGContext::drawBitmap(const host::Bitmap& image, const CGRect& rect) {
   if (image.isEmpty() || rect.isEmpty()) return;
-  const auto upright =
-      CGAffineTransform{1, 0, 0, -1, 0, rect.minY() + rect.maxY()}.concatenating(state().device);
+  const auto upright = imageToDevice(rect);
   const CGRect box = upright.apply(rect);
-  const bool isPlain = upright.isScaleAndTranslation() && upright.a > 0 && upright.d > 0;
   paint(box, [&](host::Canvas& canvas) {
-    if (isPlain) return canvas.drawBitmap(image, hostRect(box));
+    if (isPlain(upright)) return canvas.drawBitmap(image, hostRect(box));
     within(canvas, upright, [&] { canvas.drawBitmap(image, hostRect(rect)); });
   });
 }
 
-void CGContext::drawText(const host::TextLine& line, const CGRect& ink, CGPoint baseline,
-                         const CGColor& color) {
+void CGContext::drawBitmap(const std::shared_ptr<const host::Bitmap>& image, const CGRect& rect) {
+  if (image->isEmpty() || rect.isEmpty()) return;
+  const auto upright = imageToDevice(rect);
+  const CGRect box = upright.apply(rect);
+  auto* record = isPlain(upright) ? recordFor(box) : nullptr;
+  if (record && record->addImage(image, hostRect(box), state().alpha)) return;
+  drawBitmap(*image, rect);
+}
+
+// Maps the space of `rect` with y down, in which an image is drawn.
+CGAffineTransform CGContext::imageToDevice(const CGRect& rect) const {
+  return CGAffineTransform{1, 0, 0, -1, 0, rect.minY() + rect.maxY()}.concatenating(state().device);
+}
+
+void CGContext::drawText(const std::shared_ptr<const host::TextLine>& line, const CGRect& ink,
+                         CGPoint baseline, const CGColor& color) {
   if (paintsNothing(&color)) return;
   const CGAffineTransform text = textToDevice(baseline);
-  paint(text.apply(CGRect(ink.minX(), -ink.maxY(), ink.width(), ink.height())), [&](host::Canvas& canvas) {
-    within(canvas, text, [&] { canvas.drawText(line, {}, color.rgba()); });
-  });
+  const CGRect box = text.apply(CGRect(ink.minX(), -ink.maxY(), ink.width(), ink.height()));
+  const auto rgba = color.rgba();
+  if (auto* record = recordFor(box)) {
+    if (record->addText(line, text, {rgba.red, rgba.green, rgba.blue, rgba.alpha * state().alpha})) return;
+  }
+  paint(box, [&](host::Canvas& canvas) { within(canvas, text, [&] { canvas.drawText(*line, {}, rgba); }); });
+}
+
+// Where what is painted into `box` can be recorded; null when it is to be painted.
+PaintRecord* CGContext::recordFor(const CGRect& box) {
+  const State& current = state();
+  const bool isPlainState = current.settings(allows_) == PaintSettings{current.alpha};
+  if (!isPlainState || current.shadow.color || !groups_.empty() || !box.intersects(current.clipBox)) {
+    return nullptr;
+  }
+  return target().record();
 }
 
 // Maps the space of a line of text, whose y runs down from the baseline, so that text reads upright in

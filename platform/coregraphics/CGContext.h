@@ -10,6 +10,7 @@
 #include "platform/coregraphics/CGColor.h"
 #include "platform/coregraphics/CGGradient.h"
 #include "platform/coregraphics/CGMutablePath.h"
+#include "platform/coregraphics/PaintedPiece.h"
 
 namespace bkuk {
 
@@ -18,6 +19,7 @@ class TextLine;
 }
 
 class CanvasTarget;
+class PaintRecord;
 
 enum class CGPathDrawingMode { fill = 0, eoFill = 1, stroke = 2, fillStroke = 3, eoFillStroke = 4 };
 
@@ -44,6 +46,13 @@ class CGContext final : public NSObject {
 
   /// Whether an operation has reached the bitmap.
   [[nodiscard]] bool hasPainted() const;
+
+  /// Asks for no bitmap as long as all that is painted is text and images on whole pixels, without clips,
+  /// groups and shadows. To be called before anything is painted, by an owner who calls `finish`.
+  void keepPieces();
+  /// What was painted in place of a bitmap, from back to front; nothing once there is a bitmap. What is
+  /// painted from now on is dropped.
+  std::vector<PaintedPiece> finish();
 
   // State. The current path is not part of it.
 
@@ -114,10 +123,13 @@ class CGContext final : public NSObject {
                           CGPoint endCenter, CGFloat endRadius, unsigned options);
   /// The whole image in `rect`, its first row at the rectangle's greatest y.
   void drawBitmap(const host::Bitmap& image, const CGRect& rect);
+  /// The same of pixels that do not change any more.
+  void drawBitmap(const std::shared_ptr<const host::Bitmap>& image, const CGRect& rect);
   /// A shaped line, upright whichever way user space's y axis runs, with its baseline starting at `baseline`.
   /// The baseline snaps to whole device pixels unless the text is turned or slanted. `ink` holds everything
   /// that the line paints, seen from the start of the baseline with y up; it may be generous.
-  void drawText(const host::TextLine& line, const CGRect& ink, CGPoint baseline, const CGColor& color);
+  void drawText(const std::shared_ptr<const host::TextLine>& line, const CGRect& ink, CGPoint baseline,
+                const CGColor& color);
 
   // Groups
 
@@ -170,6 +182,7 @@ class CGContext final : public NSObject {
   [[nodiscard]] CanvasTarget& target();
 
   [[nodiscard]] bool paintsNothing(const CGColor* color) const;
+  [[nodiscard]] PaintRecord* recordFor(const CGRect& box);
   template <typename Draw>
   void paint(const CGRect& box, Draw draw);
   template <typename Draw>
@@ -185,6 +198,7 @@ class CGContext final : public NSObject {
   [[nodiscard]] const CGPath& withOpenedDots(const CGPath& line, const Pen& pen);
   [[nodiscard]] const CGPath& dashed(const CGPath& line, const Pen& pen, CGFloat reach);
   void paintGradient(host::Gradient gradient, const CGGradient& colors, unsigned options);
+  [[nodiscard]] CGAffineTransform imageToDevice(const CGRect& rect) const;
   [[nodiscard]] CGAffineTransform textToDevice(CGPoint baseline) const;
   void beginOwnImage(host::Bitmap& image);
 

@@ -1,5 +1,6 @@
 #include "platform/coregraphics/CanvasTarget.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "host/Drawing.h"
@@ -23,9 +24,11 @@ void CanvasTarget::request() {
   requested_ = true;
   const auto provider = std::exchange(provider_, nullptr);
   const auto steps = std::exchange(steps_, {});
+  const auto record = std::exchange(record_, {});
   host::Bitmap* bitmap = provider();
   if (!bitmap || bitmap->isEmpty()) return;
   canvas_ = host::current().drawing().makeCanvas(*bitmap);
+  if (record) record->replay(*canvas_);
   canvas_->setAlpha(applied_.alpha);
   canvas_->setBlendMode(applied_.blendMode);
   canvas_->setAntialias(applied_.antialias);
@@ -33,6 +36,23 @@ void CanvasTarget::request() {
     canvas_->concatenate({1, 0, 0, 1, -static_cast<double>(area_.x), -static_cast<double>(area_.y)});
   }
   for (const Step& step : steps) replay(step);
+}
+
+void CanvasTarget::startRecord() {
+  if (!requested_) record_.emplace(host::PixelSize{area_.width, area_.height});
+}
+
+PaintRecord* CanvasTarget::record() {
+  const auto isSave = [](const Step& step) { return std::holds_alternative<Save>(step); };
+  return record_ && std::ranges::all_of(steps_, isSave) ? &*record_ : nullptr;
+}
+
+std::vector<PaintedPiece> CanvasTarget::finish() {
+  requested_ = true;
+  provider_ = nullptr;
+  canvas_ = nullptr;
+  steps_.clear();
+  return record_ ? std::exchange(record_, {})->takePieces() : std::vector<PaintedPiece>();
 }
 
 void CanvasTarget::replay(const Step& step) {

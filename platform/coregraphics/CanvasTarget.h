@@ -2,10 +2,12 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <variant>
 #include <vector>
 
 #include "host/Canvas.h"
+#include "platform/coregraphics/PaintRecord.h"
 
 namespace bkuk {
 
@@ -39,6 +41,14 @@ class CanvasTarget {
   /// The canvas with these settings in force, null when there is no bitmap.
   [[nodiscard]] host::Canvas* canvas(const PaintSettings& settings);
 
+  /// From now on, as long as no canvas is asked for, what can be recorded need not be painted. For an area
+  /// that starts at zero.
+  void startRecord();
+  /// Where to record what is painted next; null when it must be painted.
+  [[nodiscard]] PaintRecord* record();
+  /// Drops what is painted from now on. Answers what was recorded and is in no bitmap.
+  std::vector<PaintedPiece> finish();
+
   void save();
   void restore();
   void clip(host::Path path, host::FillRule rule, bool antialias);
@@ -69,6 +79,7 @@ class CanvasTarget {
   PaintSettings applied_;
   std::vector<PaintSettings> saved_;
   std::vector<Step> steps_;  // only before the canvas is made
+  std::optional<PaintRecord> record_;
 };
 
 }  // namespace bkuk

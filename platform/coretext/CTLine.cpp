@@ -20,7 +20,7 @@ void CTLine::draw(CGContext& context, CGPoint baseline, const CGColor& color) co
   // Glyphs reach beyond their advances and, with marks or from other faces, beyond the metrics.
   const CGFloat spill = font_->size();
   const CGRect ink(-spill, -descent() - spill, width() + 2 * spill, ascent() + descent() + 2 * spill);
-  context.drawText(*line_, ink, baseline, color);
+  context.drawText(line_, ink, baseline, color);
 }
 
 }  // namespace bkuk

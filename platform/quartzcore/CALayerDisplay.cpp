@@ -74,6 +74,17 @@ CGAffineTransform baseTransform(const CGRect& bounds, const BitmapShape& shape) 
           shape.scale * bounds.height() - shape.part.y};
 }
 
+// What was drawn, none for nothing.
+Ref<CALayerContents> contentsOf(const BitmapShape& shape, host::Bitmap bitmap,
+                                std::vector<PaintedPiece> pieces) {
+  const auto& drawn = shape.part;
+  std::optional<CALayerContents::Part> part;
+  if (shape.isPart()) part = {shape.whole, drawn.x, drawn.y};
+  if (!bitmap.isEmpty()) return make<CALayerContents>(std::move(bitmap), shape.scale, part);
+  if (pieces.empty()) return nullptr;
+  return make<CALayerContents>(std::move(pieces), PixelSize{drawn.width, drawn.height}, shape.scale, part);
+}
+
 CGAffineTransform boundsToBase(const CGRect& bounds, bool isFlipped) {
   return {1, 0, 0, isFlipped ? -1.0 : 1.0, -bounds.minX(), isFlipped ? bounds.maxY() : -bounds.minY()};
 }
@@ -134,24 +145,19 @@ void CALayer::drawBitmap() {
   const bool isFlipped = shown->contentsAreFlipped();
   const auto shape = bitmapShape(bounds, values_.contentsScale, sight, isFlipped);
   if (!shape) return keepDrawing(nullptr, Drawn::wholly);
-  const auto& part = shape->part;
+  const PixelSize size{shape->part.width, shape->part.height};
   host::Bitmap bitmap;
   auto provide = [&] {
-    bitmap = host::Bitmap({part.width, part.height});
+    bitmap = host::Bitmap(size);
     return &bitmap;
   };
-  {
-    const auto context =
-        make<CGContext>(PixelSize{part.width, part.height}, provide, baseTransform(bounds, *shape));
-    context->concatenate(boundsToBase(bounds, isFlipped));
-    draw(*context);
-  }
-  const auto drawn = shape->isPart() ? Drawn::partly : Drawn::wholly;
-  if (bitmap.isEmpty()) return keepDrawing(nullptr, drawn);
-  keepDrawing(shape->isPart()
-                  ? make<CALayerContents>(std::move(bitmap), shape->scale, shape->whole, part.x, part.y)
-                  : make<CALayerContents>(std::move(bitmap), shape->scale),
-              drawn);
+  const auto context = make<CGContext>(size, provide, baseTransform(bounds, *shape));
+  context->keepPieces();
+  context->concatenate(boundsToBase(bounds, isFlipped));
+  draw(*context);
+  auto pieces = context->finish();
+  keepDrawing(contentsOf(*shape, std::move(bitmap), std::move(pieces)),
+              shape->isPart() ? Drawn::partly : Drawn::wholly);
 }
 
 void CALayer::keepDrawing(const Ref<CALayerContents>& contents, Drawn drawn) {

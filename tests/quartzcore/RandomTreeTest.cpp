@@ -112,7 +112,10 @@ class RandomTree {
       const auto shade = static_cast<std::uint32_t>(random_.below(256)) * 0x10101;
       bitmap.fill({random_.below(size.width), random_.below(size.height), 9, 9}, 0xff000000 | shade);
     }
-    return make<CALayerContents>(std::move(bitmap), random_.once(2) ? window_.renderer.scale() : 1);
+    const auto scale = random_.once(2) ? window_.renderer.scale() : 1;
+    if (size.width % 2 == 0) return make<CALayerContents>(std::move(bitmap), scale);
+    const auto piece = std::make_shared<const host::Bitmap>(std::move(bitmap));
+    return make<CALayerContents>(std::vector<PaintedPiece>{PaintedImage{piece, 9, -7}}, size, scale);
   }
   Ref<CGPath> path() {
     auto path = make<CGMutablePath>();

@@ -33,7 +33,7 @@ struct TextLineContent {
   std::shared_ptr<QtRawFonts> rawFonts;
 };
 
-class QtTextLine final : public TextLine, public std::enable_shared_from_this<QtTextLine> {
+class QtTextLine final : public TextLine {
  public:
   /// Of the indexes from `from` up to `to` of the line.
   QtTextLine(std::shared_ptr<const TextLineContent> content, double width, std::size_t from, std::size_t to)
@@ -43,19 +43,30 @@ class QtTextLine final : public TextLine, public std::enable_shared_from_this<Qt
   [[nodiscard]] std::span<const TextUnit> units() const override { return content_->units; }
   [[nodiscard]] std::shared_ptr<const TextLine> part(std::size_t from, std::size_t to) const override;
   [[nodiscard]] Rect inkBounds() const override;
+  [[nodiscard]] std::shared_ptr<const GlyphMasks> masks(double scale, double x) const override;
 
   /// The glyphs at their final size, positions relative to the start of the baseline. Gathered when first
   /// asked for.
   [[nodiscard]] const QList<QGlyphRun>& runs() const;
 
  private:
+  struct KeptMasks {
+    double scale = 0;
+    double x = 0;
+    std::shared_ptr<const GlyphMasks> masks;
+  };
+
+  template <typename Visit>
+  bool forEachGlyph(Visit visit) const;
   [[nodiscard]] QList<QGlyphRun> gathered() const;
+  [[nodiscard]] std::shared_ptr<const GlyphMasks> gatheredMasks(double scale, double x) const;
 
   std::shared_ptr<const TextLineContent> content_;
   double width_;
   std::size_t from_;
   std::size_t to_;
   mutable std::unique_ptr<const QList<QGlyphRun>> runs_;
+  mutable KeptMasks masks_;
 };
 
 }  // namespace bkuk::host

@@ -127,7 +127,7 @@ void NSImage::lockFocus() {
   const auto provide = [bitmap] { return bitmap->isEmpty() ? nullptr : bitmap.get(); };
   const auto context = make<CGContext>(
       pixels, provide, CGAffineTransform{x, 0, 0, -y, 0, static_cast<CGFloat>(pixels.height)});
-  focus_.push_back({bitmap, size});
+  focus_.push_back({context, bitmap, size});
   NSGraphicsContext::saveGraphicsState();
   NSGraphicsContext::setCurrent(make<NSGraphicsContext>(context, false));
   NSImage::draw(wholeOf(size), {}, NSCompositingOperation::sourceOver, 1, false);
@@ -138,6 +138,7 @@ void NSImage::unlockFocus() {
   NSGraphicsContext::restoreGraphicsState();
   const auto focus = std::move(focus_.back());
   focus_.pop_back();
+  focus.context->finish();
   representations_ = {make<NSBitmapImageRep>(focus.bitmap, focus.size)};
 }
 

@@ -72,6 +72,7 @@ class NSImage : public NSObject {
 
  private:
   struct Focus {
+    Ref<CGContext> context;
     std::shared_ptr<host::Bitmap> bitmap;
     CGSize size;
   };

@@ -27,7 +27,7 @@ bool isDrawable(const CGRect& rect) {
 }  // namespace
 
 bool NSBitmapImageRep::draw(CGContext& context, const CGRect& rect) const {
-  context.drawBitmap(*bitmap_, rect);
+  context.drawBitmap(bitmap_, rect);
   return !bitmap_->isEmpty();
 }
 
@@ -37,9 +37,11 @@ NSScalableImageRep::NSScalableImageRep(std::shared_ptr<const host::ScalableImage
 bool NSScalableImageRep::draw(CGContext& context, const CGRect& rect) const {
   if (!isDrawable(rect)) return false;
   const auto size = pixelSize(context, rect.size);
-  if (rendered_.size() != size) rendered_ = drawing_->render(size);
+  if (!rendered_ || rendered_->size() != size) {
+    rendered_ = std::make_shared<const host::Bitmap>(drawing_->render(size));
+  }
   context.drawBitmap(rendered_, rect);
-  return !rendered_.isEmpty();
+  return !rendered_->isEmpty();
 }
 
 bool NSCustomImageRep::draw(CGContext& context, const CGRect& rect) const {

@@ -58,7 +58,8 @@ class NSScalableImageRep final : public NSImageRep {
 
  private:
   std::shared_ptr<const host::ScalableImage> drawing_;
-  mutable host::Bitmap rendered_;  // of the last use, which the next one is likely to want
+  mutable std::shared_ptr<const host::Bitmap>
+      rendered_;  // of the last use, which the next one is likely to want
 };
 
 /// A function that draws.

@@ -93,12 +93,7 @@ void NSLayoutManager::drawLine(const LineFragment& line, NSRange range, NSPoint 
     const NSPoint baseline{origin.x + piece.left,
                            origin.y + line.baseline - baselineOffsetOf(piece.attributes)};
     const auto color = textColorOf(piece.attributes)->cgColor();
-    if (isWhole) {
-      context->drawText(*piece.line, ink, baseline, *color);
-    } else {
-      const auto cut = line.part(part);
-      context->drawText(*cut, ink, baseline, *color);
-    }
+    context->drawText(isWhole ? piece.line : line.part(part), ink, baseline, *color);
     drawUnderlines(line, piece, part, origin);
   }
 }

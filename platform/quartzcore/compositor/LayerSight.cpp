@@ -109,7 +109,7 @@ CGRect boundsDrawn(const CALayer& layer, bool isFlipped) {
   const auto& contents = *layer.contents();
   const auto bounds = layer.bounds().standardized();
   const auto scale = contents.scale();
-  const auto size = contents.bitmap().size();
+  const auto size = contents.bitmapSize();
   const auto down = contents.y() / scale;
   const auto height = size.height / scale;
   return {bounds.minX() + contents.x() / scale,

@@ -58,9 +58,7 @@ bool hasVisibleBorder(const CALayer& shown) {
   return shown.borderWidth() > 0 && shown.borderColor() && shown.borderColor()->rgba().alpha > 0;
 }
 
-bool hasVisibleContents(const CALayer& shown) {
-  return shown.contents() && !shown.contents()->bitmap().isEmpty();
-}
+bool hasVisibleContents(const CALayer& shown) { return shown.contents() && !shown.contents()->isEmpty(); }
 
 bool hasSeveralParts(const CALayer& shown, const CALayer& layer, bool hasShadow, bool withEmptySublayers) {
   if (shown.mask()) return hasShadow;

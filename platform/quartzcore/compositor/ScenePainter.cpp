@@ -5,6 +5,7 @@
 
 #include "platform/coregraphics/CGContext.h"
 #include "platform/quartzcore/LayerAccess.h"
+#include "platform/quartzcore/raster/PieceRaster.h"
 #include "platform/quartzcore/raster/PixelRuns.h"
 #include "platform/quartzcore/raster/RoundedBoxRaster.h"
 #include "platform/quartzcore/raster/ShadowMask.h"
@@ -49,7 +50,7 @@ CGAffineTransform imageToDevice(const LayerBox& box, bool isFlipped) {
 // Where the bitmap lies in the bounds, above their lower left corner.
 CGRect placeOf(const CALayerContents& contents, const CGRect& bounds) {
   const auto whole = contents.size();
-  const auto part = contents.bitmap().size();
+  const auto part = contents.bitmapSize();
   const auto x = bounds.width() / whole.width;
   const auto y = bounds.height() / whole.height;
   return {contents.x() * x, (whole.height - contents.y() - part.height) * y, part.width * x, part.height * y};
@@ -177,16 +178,28 @@ void ScenePainter::paintRing(const Item& item, const LayerBox& box) {
 
 void ScenePainter::paintContents(const Item& item, const LayerBox& box) {
   const auto& contents = *item.layer->contents();
-  if (fallsOnPixels(contents, box, item.isFlipped)) {
-    return RoundedBoxRaster(top().pixels, item.rect)
-        .image({box.rect, 0, 0}, contents.bitmap(), box.rect.x + contents.x(), box.rect.y + contents.y(),
-               toByte(item.alpha));
-  }
+  if (fallsOnPixels(contents, box, item.isFlipped)) return paintOnPixels(item, contents, box);
   paintByTiles(top().pixels, item.rect, {box.rect, 0, 0}, [&](CGContext& context) {
     context.concatenate(imageToDevice(box, item.isFlipped));
     context.setAlpha(item.alpha);
     context.drawBitmap(contents.bitmap(), placeOf(contents, box.bounds));
   });
+}
+
+void ScenePainter::paintOnPixels(const Item& item, const CALayerContents& contents, const LayerBox& box) {
+  const auto x = box.rect.x + contents.x();
+  const auto y = box.rect.y + contents.y();
+  const auto alpha = toByte(item.alpha);
+  const RoundedBoxRaster target(top().pixels, item.rect);
+  if (contents.pieces().empty()) return target.image({box.rect, 0, 0}, contents.bitmap(), x, y, alpha);
+  const auto size = contents.bitmapSize();
+  const auto area = intersect(item.rect, {x, y, size.width, size.height});
+  if (alpha == 255) return PieceRaster(top().pixels, area).paint(contents.pieces(), x, y);
+  // Pieces that overlap fade as one.
+  Surface faded(area);
+  if (faded.bitmap.isEmpty()) return;
+  PieceRaster(faded.pixels, area).paint(contents.pieces(), x, y);
+  target.image({area, 0, 0}, faded.bitmap, area.x, area.y, alpha);
 }
 
 void ScenePainter::paintCustom(const Item& item, const LayerBox& box) {

@@ -9,7 +9,7 @@
 
 namespace bkuk {
 
-/// Paints scenes into an image. Boxes, rings, shadows and bitmaps that fall on whole pixels are written
+/// Paints scenes into an image. Boxes, rings, shadows and contents that fall on whole pixels are written
 /// directly, everything else goes through a context.
 class ScenePainter {
  public:
@@ -28,6 +28,7 @@ class ScenePainter {
   void paintFill(const Item& item, const LayerBox& box);
   void paintRing(const Item& item, const LayerBox& box);
   void paintContents(const Item& item, const LayerBox& box);
+  void paintOnPixels(const Item& item, const CALayerContents& contents, const LayerBox& box);
   void paintCustom(const Item& item, const LayerBox& box);
   void paintShadow(const Item& item, const LayerBox& box, std::span<const PixelRect> covers);
   void beginGroup(const Item& item);

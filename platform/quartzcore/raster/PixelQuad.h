@@ -15,6 +15,30 @@ class PixelQuad {
  public:
   static constexpr int length = 4;
 
+  /// Four bytes, factors for the pixels of one quad.
+  class FourFactors {
+   public:
+    [[nodiscard]] static FourFactors load(const std::uint8_t* bytes) {
+      std::uint32_t four;
+      std::memcpy(&four, bytes, sizeof four);
+      return FourFactors(four);
+    }
+    [[nodiscard]] bool areAllZero() const { return bytes_ == 0; }
+
+   private:
+    friend PixelQuad;
+    using Bytes = std::uint8_t __attribute__((vector_size(8)));
+
+    explicit FourFactors(std::uint32_t bytes) : bytes_(bytes) {}
+    // Each in both halves of its pixel.
+    [[nodiscard]] Words each() const {
+      const auto bytes = std::bit_cast<Bytes>(std::uint64_t{bytes_});
+      return __builtin_convertvector(__builtin_shufflevector(bytes, bytes, 0, 0, 1, 1, 2, 2, 3, 3), Words);
+    }
+
+    std::uint32_t bytes_;
+  };
+
   /// Eight bytes, factors for the pixels of two quads.
   class Factors {
    public:
@@ -69,6 +93,8 @@ class PixelQuad {
   [[nodiscard]] PixelQuad scaledByFirst(const Factors& each) const { return scaledByEach(each.first()); }
   [[nodiscard]] PixelQuad scaledBySecond(const Factors& each) const { return scaledByEach(each.second()); }
 
+  [[nodiscard]] PixelQuad scaledBy(const FourFactors& four) const { return scaledByEach(four.each()); }
+
   /// Painted over `below`.
   [[nodiscard]] PixelQuad over(const PixelQuad& below) const {
     const Words rest = 255 - __builtin_shufflevector(odd_, odd_, 1, 1, 3, 3, 5, 5, 7, 7);
@@ -81,6 +107,13 @@ class PixelQuad {
   }
   [[nodiscard]] PixelQuad darkenedBySecond(const Factors& alphas) const {
     return darkenedByEach(alphas.second());
+  }
+
+  /// An opaque colour painted over this, each pixel by a coverage of its own.
+  [[nodiscard]] PixelQuad mixedWith(const PixelQuad& color, const FourFactors& coverages) const {
+    const Words each = coverages.each();
+    const Words rest = 255 - each;
+    return {divided(even_ * rest + color.even_ * each), divided(odd_ * rest + color.odd_ * each)};
   }
 
  private:

@@ -1,6 +1,7 @@
 #include "platform/quartzcore/raster/PixelRuns.h"
 
 #include <algorithm>
+#include <cstddef>
 
 #include "platform/quartzcore/raster/PixelQuad.h"
 
@@ -39,6 +40,27 @@ void paintBlackCovered(Pixel* pixels, const std::uint8_t* coverages, int count, 
   });
 }
 
+// Of four pixels.
+bool areTransparent(const Pixel* four) { return (four[0] | four[1] | four[2] | four[3]) == 0; }
+bool areOpaque(const Pixel* four) { return alphaOf(four[0] & four[1] & four[2] & four[3]) == 255; }
+
+// Calls `paint` with four pixels and their factors at a time, but for those that nothing covers.
+void forEachFour(Pixel* pixels, const std::uint8_t* coverages, int count, auto&& paint) {
+  const auto paintFour = [&](Pixel* some, const std::uint8_t* theirs) {
+    const auto factors = PixelQuad::FourFactors::load(theirs);
+    if (!factors.areAllZero()) paint(some, factors);
+  };
+  int i = 0;
+  for (; i + quad <= count; i += quad) paintFour(pixels + i, coverages + i);
+  if (i >= count) return;
+  Pixel rest[quad] = {};
+  std::uint8_t theirs[quad] = {};
+  std::copy_n(pixels + i, count - i, rest);
+  std::copy_n(coverages + i, count - i, theirs);
+  paintFour(rest, theirs);
+  std::copy_n(rest, count - i, pixels + i);
+}
+
 }  // namespace
 
 void paintOver(Pixel* pixels, int count, Pixel color) {
@@ -63,9 +85,33 @@ void paintCovered(Pixel* pixels, const std::uint8_t* coverages, int count, Pixel
   });
 }
 
+void paintMask(Pixel* pixels, int pitch, const std::uint8_t* coverages, int coveragePitch, int width,
+               int height, Pixel color) {
+  const auto forEachRow = [&](auto&& paint) {
+    for (int y = 0; y < height; ++y) {
+      forEachFour(pixels + std::ptrdiff_t{y} * pitch, coverages + std::ptrdiff_t{y} * coveragePitch, width,
+                  paint);
+    }
+  };
+  const auto four = PixelQuad::of(color);
+  if (alphaOf(color) == 255) {
+    return forEachRow([&](Pixel* some, const auto& factors) {
+      PixelQuad::load(some).mixedWith(four, factors).store(some);
+    });
+  }
+  forEachRow([&](Pixel* some, const auto& factors) {
+    four.scaledBy(factors).over(PixelQuad::load(some)).store(some);
+  });
+}
+
 void paintImage(Pixel* pixels, const Pixel* image, int count, std::uint32_t alpha) {
   int i = 0;
   for (; i + quad <= count; i += quad) {
+    if (areTransparent(image + i)) continue;
+    if (alpha == 255 && areOpaque(image + i)) {
+      std::copy_n(image + i, quad, pixels + i);
+      continue;
+    }
     const auto four = PixelQuad::load(image + i);
     const auto faded = alpha == 255 ? four : four.scaledBy(alpha);
     faded.over(PixelQuad::load(pixels + i)).store(pixels + i);

@@ -12,6 +12,10 @@ void paintOver(Pixel* pixels, int count, Pixel color);
 /// One colour over what is there, each pixel by a coverage of its own.
 void paintCovered(Pixel* pixels, const std::uint8_t* coverages, int count, Pixel color);
 
+/// The same of rows, `pitch` pixels and `coveragePitch` bytes from one to the next.
+void paintMask(Pixel* pixels, int pitch, const std::uint8_t* coverages, int coveragePitch, int width,
+               int height, Pixel color);
+
 /// An image over what is there, every component times `alpha` / 255.
 void paintImage(Pixel* pixels, const Pixel* image, int count, std::uint32_t alpha);
 
