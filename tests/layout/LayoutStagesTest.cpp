@@ -13,9 +13,7 @@ namespace {
 /// be somewhere at a priority of its own, so that one solution alone is best.
 class Twins {
  public:
-  static constexpr int unknowns = 10;
-
-  explicit Twins(unsigned seed) : random_(seed) {
+  Twins(unsigned seed, int unknowns) : unknowns_(unknowns), random_(seed) {
     for (int i = 0; i < unknowns; ++i) {
       variables_.push_back(quick_.makeVariable());
       EXPECT_EQ(general_.makeVariable(), variables_.back());
@@ -26,11 +24,12 @@ class Twins {
 
   void change() {
     const int action = pick(0, 9);
-    if (demands_.size() == unknowns || action < 4) return addRandom();
-    const auto index = static_cast<std::size_t>(pick(unknowns, static_cast<int>(demands_.size()) - 1));
+    const int count = static_cast<int>(demands_.size());
+    if (count == unknowns_ || action < 4) return addRandom();
+    const auto index = static_cast<std::size_t>(pick(unknowns_, count - 1));
     auto& demand = demands_[index];
     const bool isRequired = demand.priority == requiredLayoutPriority;
-    if (action < 6 || demands_.size() > 3 * unknowns) {
+    if (action < 6 || count > 3 * unknowns_) {
       quick_.remove(demand.quick);
       general_.remove(demand.general);
       demands_.erase(demands_.begin() + static_cast<std::ptrdiff_t>(index));
@@ -85,7 +84,7 @@ class Twins {
     constexpr double priorities[] = {requiredLayoutPriority, requiredLayoutPriority, 250, 750, 999};
     LayoutExpression expression;
     for (int i = pick(1, 3); i > 0; --i) {
-      expression.add(variables_[static_cast<std::size_t>(pick(0, unknowns - 1))], factors[pick(0, 8)]);
+      expression.add(variables_[static_cast<std::size_t>(pick(0, unknowns_ - 1))], factors[pick(0, 8)]);
     }
     if (expression.terms.empty()) return;
     const auto relation = static_cast<LayoutRelation>(pick(-1, 1));
@@ -95,6 +94,7 @@ class Twins {
     add(std::move(expression), relation, priority);
   }
 
+  const int unknowns_;
   std::mt19937 random_;
   LayoutSolver quick_;
   LayoutSolver general_{LayoutSolver::Method::general};
@@ -106,7 +106,7 @@ class Twins {
 TEST(LayoutStages, ArithmeticComesToWhatTheTableauComesTo) {
   for (unsigned seed = 0; seed < 150; ++seed) {
     SCOPED_TRACE(seed);
-    Twins twins(seed);
+    Twins twins(seed, seed % 2 == 0 ? 4 : 10);  // crowded, and loose
     for (int step = 0; step < 60; ++step) {
       SCOPED_TRACE(step);
       twins.change();
