@@ -37,17 +37,37 @@ class NSNotificationCenter::Registration final : public NSObject {
   void setOrder(std::uint64_t order) { order_ = order; }
 
   [[nodiscard]] bool wants(const NSObject* object) const { return !wantsObject_ || object_.refersTo(object); }
-  [[nodiscard]] bool isObservedBy(const NSObject* observer) const {
-    const auto* target = std::get_if<Target>(&receiver_);
-    return target && target->observer.refersTo(observer);
-  }
   /// The observer is dead, or the object that it wanted to hear of.
   [[nodiscard]] bool isSpent() const {
     const auto* target = std::get_if<Target>(&receiver_);
     return (wantsObject_ && !object_.isAlive()) || (target && !target->observer.isAlive());
   }
 
-  void remove() { isRemoved_ = true; }
+  using LastOf = std::unordered_map<const NSObject*, Registration*>;
+  /// Hangs it on those of the same observer.
+  void link(LastOf& lastOf, const NSObject* observer) {
+    auto& last = lastOf[observer];
+    lastOf_ = &lastOf;
+    observer_ = observer;
+    before_ = std::exchange(last, this);
+    if (before_) before_->after_ = this;
+  }
+  /// The one that its observer made before.
+  [[nodiscard]] Registration* before() const { return before_; }
+
+  void remove() {
+    isRemoved_ = true;
+    auto* lastOf = std::exchange(lastOf_, nullptr);
+    if (!lastOf) return;
+    if (before_) before_->after_ = after_;
+    if (after_) {
+      after_->before_ = before_;
+    } else if (before_) {
+      (*lastOf)[observer_] = before_;
+    } else {
+      lastOf->erase(observer_);
+    }
+  }
   void deliver(NSNotification& notification) {
     if (const auto* target = std::get_if<Target>(&receiver_)) {
       if (const auto observer = target->observer.lock()) observer->perform(target->selector, &notification);
@@ -70,6 +90,10 @@ class NSNotificationCenter::Registration final : public NSObject {
   std::atomic<bool> isRemoved_ = false;  // read on the observer's queue
   Weak<NSObject> object_;
   std::variant<Target, Handler> receiver_;
+  LastOf* lastOf_ = nullptr;  // while it is linked
+  const NSObject* observer_ = nullptr;
+  Registration* before_ = nullptr;
+  Registration* after_ = nullptr;
 };
 
 /// The registrations of one name, in order. Removal leaves a gap, so that walks may go on by index; gaps and
@@ -199,7 +223,9 @@ NSNotificationCenter& NSNotificationCenter::default_() {
 void NSNotificationCenter::addObserver(NSObject* observer, Selector selector, NSNotificationName name,
                                        NSObject* object) {
   required(observer, "NSNotificationCenter: no observer; give addObserver one, or a block");
-  add(make<Registration>(name, object, Registration::Target{observer, selector}));
+  auto registration = make<Registration>(name, object, Registration::Target{observer, selector});
+  registration->link(lastOf_, observer);
+  add(std::move(registration));
 }
 
 Ref<NSObject> NSNotificationCenter::addObserver(NSNotificationName name, NSObject* object,
@@ -221,11 +247,11 @@ void NSNotificationCenter::add(Ref<Registration> registration) {
 
 void NSNotificationCenter::removeObserver(NSObject* observer) {
   if (const auto* token = dynamic_cast<Registration*>(observer)) return remove(*token);
-  for (auto& [name, bucket] : buckets_) {
-    bucket.removeIf([&](const Registration& registration) { return registration.isObservedBy(observer); });
-    if (bucket.isEmpty()) hasEmptyBuckets_ = true;
-  }
-  if (walks_ == 0) forgetEmptyBuckets();
+  const auto found = lastOf_.find(observer);
+  if (found == lastOf_.end()) return;
+  std::vector<Ref<Registration>> all;
+  for (auto* each = found->second; each; each = each->before()) all.emplace_back(each);
+  for (const auto& registration : all) remove(*registration);
 }
 
 // What goes with a registration may come back here, so the table itself changes only afterwards.

@@ -56,6 +56,8 @@ class NSNotificationCenter final : public NSObject {
 
   static constexpr std::size_t smallestSweep = 32;
   std::unordered_map<NSNotificationName, Bucket> buckets_;  // by name; the absent name holds those for any
+  /// Of each observer that performs a selector, the registration that it made last; those before hang on it.
+  std::unordered_map<const NSObject*, Registration*> lastOf_;
   std::uint64_t lastOrder_ = 0;
   int walks_ = 0;
   bool hasEmptyBuckets_ = false;
