@@ -4,25 +4,22 @@
 #include <cmath>
 
 #include "platform/coregraphics/CGContext.h"
+#include "platform/foundation/Permanent.h"
 #include "platform/quartzcore/CALayerDelegate.h"
+#include "platform/quartzcore/LayerChildren.h"
 #include "platform/quartzcore/LayerExtras.h"
 
 namespace bkuk {
 
-namespace {}  // namespace
-
 std::uint64_t CALayer::treeVersion_ = 1;
 
-CALayer::CALayer() {
-  values_.borderColor = CGColor::black();
-  values_.shadowColor = CGColor::black();
-}
+CALayer::CALayer() { values_.borderColor = CGColor::black(); }
 
 CALayer::CALayer(const CALayer& model)
     : NSObject(),
       values_(model.values_),
       delegate_(model.delegate_),
-      name_(model.name_),
+      rare_(model.rare_ ? std::make_unique<RareValues>(*model.rare_) : nullptr),
       isCommitted_(true),
       isPresentation_(true) {
   extras().model = Weak<CALayer>(const_cast<CALayer*>(&model));
@@ -30,13 +27,26 @@ CALayer::CALayer(const CALayer& model)
 }
 
 CALayer::~CALayer() {
-  for (const auto& layer : sublayers_) {
+  for (const auto& layer : sublayers()) {
     layer->container_ = nullptr;
+    layer->commitPlace_ = layer->renderPlace_ = notMarked;
     layer->record_ = {};
   }
   ++treeVersion_;
-  if (values_.mask && values_.mask->container_ == this) values_.mask->container_ = nullptr;
+  if (mask() && mask()->container_ == this) mask()->container_ = nullptr;
 }
+
+const CALayer::RareValues& CALayer::usualValues() {
+  static const auto& values = *permanent([] { return new RareValues; });
+  return values;
+}
+
+CALayer::RareValues& CALayer::ownRare() {
+  if (!rare_) rare_ = std::make_unique<RareValues>();
+  return *rare_;
+}
+
+void CALayer::setName(std::string name) { ownRare().name = std::move(name); }
 
 CALayer::Extras& CALayer::extras() {
   if (!extras_) extras_ = std::make_unique<Extras>();
@@ -68,19 +78,19 @@ void CALayer::setAnchorPoint(CGPoint anchorPoint) {
 }
 
 void CALayer::setTransform(const CATransform3D& transform) {
-  change("transform", values_.transform, transform, Effect::rearrange);
+  changeRare("transform", &RareValues::transform, transform, Effect::rearrange);
 }
 
-CGAffineTransform CALayer::affineTransform() const {
-  return CATransform3DGetAffineTransform(values_.transform);
-}
+CGAffineTransform CALayer::affineTransform() const { return CATransform3DGetAffineTransform(transform()); }
 
 void CALayer::setAffineTransform(const CGAffineTransform& transform) {
   setTransform(CATransform3DMakeAffineTransform(transform));
 }
 
 void CALayer::setZPosition(CGFloat zPosition) {
+  const Ref<CALayer> self(this);
   change("zPosition", values_.zPosition, zPosition, Effect::rearrange);
+  if (values_.zPosition != 0 && container_ && !isMask_) container_->children().mayBeRaised = true;
 }
 
 void CALayer::setGeometryFlipped(bool flipped) {
@@ -125,27 +135,31 @@ void CALayer::setMasksToBounds(bool masks) {
 void CALayer::setOpaque(bool opaque) { change("opaque", values_.opaque, opaque); }
 
 void CALayer::setShadowColor(Ref<CGColor> color) {
-  change("shadowColor", values_.shadowColor, std::move(color));
+  changeRare("shadowColor", &RareValues::shadowColor, std::move(color));
 }
 
 void CALayer::setShadowOpacity(CGFloat opacity) {
   change("shadowOpacity", values_.shadowOpacity, static_cast<float>(opacity));
 }
 
-void CALayer::setShadowOffset(CGSize offset) { change("shadowOffset", values_.shadowOffset, offset); }
+void CALayer::setShadowOffset(CGSize offset) {
+  changeRare("shadowOffset", &RareValues::shadowOffset, offset);
+}
 
-void CALayer::setShadowRadius(CGFloat radius) { change("shadowRadius", values_.shadowRadius, radius); }
+void CALayer::setShadowRadius(CGFloat radius) {
+  changeRare("shadowRadius", &RareValues::shadowRadius, radius);
+}
 
 void CALayer::setShadowPath(const Ref<CGPath>& path) {
-  change("shadowPath", values_.shadowPath, path ? path->copy() : nullptr);
+  changeRare("shadowPath", &RareValues::shadowPath, path ? path->copy() : nullptr);
 }
 
 void CALayer::setShouldRasterize(bool rasterize) {
-  change("shouldRasterize", values_.shouldRasterize, rasterize, Effect::none);
+  changeRare("shouldRasterize", &RareValues::shouldRasterize, rasterize, Effect::none);
 }
 
 void CALayer::setRasterizationScale(CGFloat scale) {
-  change("rasterizationScale", values_.rasterizationScale, scale, Effect::none);
+  changeRare("rasterizationScale", &RareValues::rasterizationScale, scale, Effect::none);
 }
 
 // Painting hooks

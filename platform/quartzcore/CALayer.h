@@ -12,6 +12,7 @@
 #include "platform/coregraphics/CGAffineTransform.h"
 #include "platform/coregraphics/CGColor.h"
 #include "platform/foundation/CGGeometry.h"
+#include "platform/foundation/MarkedChildren.h"
 #include "platform/foundation/NSObject.h"
 #include "platform/foundation/WeakDelegate.h"
 #include "platform/quartzcore/CAAction.h"
@@ -89,7 +90,7 @@ class CALayer : public NSObject {
   [[nodiscard]] CGPoint anchorPoint() const { return values_.anchorPoint; }
   void setAnchorPoint(CGPoint anchorPoint);
   /// Applied about the anchor point.
-  [[nodiscard]] const CATransform3D& transform() const { return values_.transform; }
+  [[nodiscard]] const CATransform3D& transform() const { return rare().transform; }
   void setTransform(const CATransform3D& transform);
   [[nodiscard]] CGAffineTransform affineTransform() const;
   void setAffineTransform(const CGAffineTransform& transform);
@@ -129,7 +130,7 @@ class CALayer : public NSObject {
   // Tree
 
   /// Back to front.
-  [[nodiscard]] const std::vector<Ref<CALayer>>& sublayers() const { return sublayers_; }
+  [[nodiscard]] const std::vector<Ref<CALayer>>& sublayers() const;
   void setSublayers(std::vector<Ref<CALayer>> sublayers);
   [[nodiscard]] Ref<CALayer> superlayer() const { return isMask_ ? nullptr : Ref<CALayer>(container_); }
   /// Adding moves a layer from where it was to the end of the list or to the place named. A layer cannot be
@@ -148,7 +149,7 @@ class CALayer : public NSObject {
 
   /// A layer in this one's bounds space whose alpha multiplies this layer with all its sublayers. Owned. One
   /// that has a superlayer is a fatal error.
-  [[nodiscard]] const Ref<CALayer>& mask() const { return values_.mask; }
+  [[nodiscard]] const Ref<CALayer>& mask() const { return rare().mask; }
   void setMask(Ref<CALayer> mask);
 
   // Appearance
@@ -187,27 +188,27 @@ class CALayer : public NSObject {
 
   /// The shadow of the composed layer, or of `shadowPath`, falls below it; a layer that masks to its bounds
   /// has none outside them.
-  [[nodiscard]] const Ref<CGColor>& shadowColor() const { return values_.shadowColor; }
+  [[nodiscard]] const Ref<CGColor>& shadowColor() const { return rare().shadowColor; }
   void setShadowColor(Ref<CGColor> color);
   [[nodiscard]] CGFloat shadowOpacity() const { return values_.shadowOpacity; }
   void setShadowOpacity(CGFloat opacity);
   /// y points up on the screen, whichever way the geometry is turned over.
-  [[nodiscard]] CGSize shadowOffset() const { return values_.shadowOffset; }
+  [[nodiscard]] CGSize shadowOffset() const { return rare().shadowOffset; }
   void setShadowOffset(CGSize offset);
   /// The standard deviation of the blur, in points.
-  [[nodiscard]] CGFloat shadowRadius() const { return values_.shadowRadius; }
+  [[nodiscard]] CGFloat shadowRadius() const { return rare().shadowRadius; }
   void setShadowRadius(CGFloat radius);
-  [[nodiscard]] const Ref<CGPath>& shadowPath() const { return values_.shadowPath; }
+  [[nodiscard]] const Ref<CGPath>& shadowPath() const { return rare().shadowPath; }
   void setShadowPath(const Ref<CGPath>& path);
 
   /// Hints, kept for the reader.
-  [[nodiscard]] bool shouldRasterize() const { return values_.shouldRasterize; }
+  [[nodiscard]] bool shouldRasterize() const { return rare().shouldRasterize; }
   void setShouldRasterize(bool rasterize);
-  [[nodiscard]] CGFloat rasterizationScale() const { return values_.rasterizationScale; }
+  [[nodiscard]] CGFloat rasterizationScale() const { return rare().rasterizationScale; }
   void setRasterizationScale(CGFloat scale);
 
-  [[nodiscard]] const std::string& name() const { return name_; }
-  void setName(std::string name) { name_ = std::move(name); }
+  [[nodiscard]] const std::string& name() const { return rare().name; }
+  void setName(std::string name);
 
   // Layout
 
@@ -322,20 +323,13 @@ class CALayer : public NSObject {
     CGRect bounds;
     CGPoint position;
     CGPoint anchorPoint{0.5, 0.5};
-    CATransform3D transform;
     CGFloat zPosition = 0;
     CGFloat contentsScale = 1;
     CGFloat cornerRadius = 0;
     CGFloat borderWidth = 0;
-    CGFloat shadowRadius = 3;
-    CGFloat rasterizationScale = 1;
-    CGSize shadowOffset{0, -3};
     Ref<CGColor> backgroundColor;
     Ref<CGColor> borderColor;
-    Ref<CGColor> shadowColor;
-    Ref<CGPath> shadowPath;
     Ref<CALayerContents> contents;
-    Ref<CALayer> mask;
     float opacity = 1;
     float shadowOpacity = 0;
     unsigned maskedCorners = CALayerAllCorners;
@@ -343,6 +337,17 @@ class CALayer : public NSObject {
     bool masksToBounds = false;
     bool opaque = false;
     bool geometryFlipped = false;
+  };
+  /// The values that most layers leave as they are; made when one is set.
+  struct RareValues {
+    CATransform3D transform;
+    CGFloat shadowRadius = 3;
+    CGFloat rasterizationScale = 1;
+    CGSize shadowOffset{0, -3};
+    Ref<CGColor> shadowColor = CGColor::black();
+    Ref<CGPath> shadowPath;
+    Ref<CALayer> mask;
+    std::string name;
     bool shouldRasterize = false;
   };
   /// What the next commit and the next render have to look at.
@@ -361,14 +366,7 @@ class CALayer : public NSObject {
     host::PixelRect left;     // where layers that have gone since were
     host::PixelRect inside;   // what its superlayers and its own masking leave of its sublayers
     bool shadowFollowsBelow = false;
-    bool isGroup = false;                            // several things under one opacity
-    std::shared_ptr<const SublayerIndex> sublayers;  // of layers with many
-  };
-  /// The sublayers that are marked, so that finding one of a thousand does not ask them all. Each stands here
-  /// once, and as long as its mark.
-  struct MarkedSublayers {
-    std::vector<CALayer*> commitBelow;
-    std::vector<CALayer*> renderBelow;
+    bool isGroup = false;  // several things under one opacity
   };
   /// What `contentsAreFlipped` found last, true as long as no tree changes.
   struct Flip {
@@ -383,6 +381,14 @@ class CALayer : public NSObject {
     awaited,  ///< not yet, or no more: the layer is far from what the window shows
   };
   struct Extras;
+  struct Children;
+
+  [[nodiscard]] const RareValues& rare() const { return rare_ ? *rare_ : usualValues(); }
+  [[nodiscard]] static const RareValues& usualValues();
+  RareValues& ownRare();
+  template <typename T>
+  void changeRare(std::string_view key, T RareValues::*field, T value, Effect effect = Effect::repaint);
+  Children& children();
 
   [[nodiscard]] Ref<CAAction> actionForChange(std::string_view key);
   [[nodiscard]] Ref<CAAction> preparedAnimation(const CAAnimation& animation) const;
@@ -411,11 +417,14 @@ class CALayer : public NSObject {
   CALayer* container_ = nullptr;    // the superlayer, or the layer that this is the mask of
   CARenderer* renderer_ = nullptr;  // of a root
   WeakDelegate<CALayerDelegate> delegate_;
-  std::vector<Ref<CALayer>> sublayers_;
-  MarkedSublayers marked_;
-  std::unique_ptr<Extras> extras_;  // what few layers have
-  std::string name_;
+  std::unique_ptr<RareValues> rare_;
+  std::unique_ptr<Children> children_;  // of layers with sublayers
+  std::unique_ptr<Extras> extras_;      // what few layers have
   mutable Flip flip_;
+  // Where it stands among the sublayers, those to commit and those to render. Of no meaning in a mask.
+  std::uint32_t place_ = 0;
+  std::uint32_t commitPlace_ = notMarked;
+  std::uint32_t renderPlace_ = notMarked;
   Marks marks_;
   Drawn drawn_ = Drawn::no;
   bool isMask_ = false;
@@ -424,6 +433,11 @@ class CALayer : public NSObject {
   bool needsDisplayOnBoundsChange_ = false;
   unsigned autoresizingMask_ = CALayerNotSizable;
 };
+
+template <typename T>
+void CALayer::changeRare(std::string_view key, T RareValues::*field, T value, Effect effect) {
+  if (!detail::isSameValue(rare().*field, value)) change(key, ownRare().*field, std::move(value), effect);
+}
 
 template <typename T, typename Value>
 requires std::same_as<std::remove_cvref_t<Value>, T>

@@ -42,7 +42,8 @@ void CALayer::setFrame(const CGRect& frame) {
 }
 
 void CALayer::resizeSublayers(CGSize oldSize) {
-  const auto snapshot = sublayers_;
+  if (!children_) return;
+  const auto snapshot = sublayers();
   for (const auto& layer : snapshot) {
     if (layer->autoresizingMask() == CALayerNotSizable) continue;
     const auto box = autoresized(untransformedFrame(*layer), layer->autoresizingMask(),

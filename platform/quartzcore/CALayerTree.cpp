@@ -7,6 +7,7 @@
 #include "platform/quartzcore/CALayer.h"
 #include "platform/quartzcore/CARenderer.h"
 #include "platform/quartzcore/LayerAccess.h"
+#include "platform/quartzcore/LayerChildren.h"
 #include "platform/quartzcore/PixelGeometry.h"
 
 namespace bkuk {
@@ -16,11 +17,17 @@ namespace {
 constexpr auto unit = "CALayer";
 constexpr auto atTheEnd = std::numeric_limits<std::size_t>::max();
 
-auto placeOf(const std::vector<Ref<CALayer>>& layers, const CALayer& layer) {
-  return std::ranges::find(layers, &layer, &Ref<CALayer>::get);
+}  // namespace
+
+const std::vector<Ref<CALayer>>& CALayer::sublayers() const {
+  static const auto& none = *new std::vector<Ref<CALayer>>;
+  return children_ ? children_->list.all() : none;
 }
 
-}  // namespace
+CALayer::Children& CALayer::children() {
+  if (!children_) children_ = std::make_unique<Children>();
+  return *children_;
+}
 
 bool CALayer::isDescendantOf(const CALayer* other) const {
   for (const auto* layer = this; layer; layer = layer->container_) {
@@ -36,28 +43,25 @@ void CALayer::insertSublayer(const Ref<CALayer>& layer, std::size_t index) { ins
 void CALayer::insertSublayerBelow(const Ref<CALayer>& layer, const CALayer& sibling) {
   if (layer == &sibling) return;
   layer->removeFromSuperlayer();
-  const auto place = placeOf(sublayers_, sibling);
-  insert(layer, place == sublayers_.end() ? 0 : static_cast<std::size_t>(place - sublayers_.begin()));
+  insert(layer, sibling.superlayer() == this ? children_->list.indexOf(sibling) : 0);
 }
 
 void CALayer::insertSublayerAbove(const Ref<CALayer>& layer, const CALayer& sibling) {
   if (layer == &sibling) return;
   layer->removeFromSuperlayer();
-  const auto place = placeOf(sublayers_, sibling);
-  insert(layer,
-         place == sublayers_.end() ? atTheEnd : static_cast<std::size_t>(place - sublayers_.begin()) + 1);
+  insert(layer, sibling.superlayer() == this ? children_->list.indexOf(sibling) + 1 : atTheEnd);
 }
 
 void CALayer::replaceSublayer(const CALayer& old, const Ref<CALayer>& replacement) {
   if (old.superlayer() != this || replacement == &old) return;
-  const Ref<CALayer> leaving(*placeOf(sublayers_, old));
+  const Ref<CALayer> leaving(const_cast<CALayer*>(&old));
   insertSublayerAbove(replacement, old);
   leaving->removeFromSuperlayer();
 }
 
 void CALayer::setSublayers(std::vector<Ref<CALayer>> sublayers) {
-  const auto present = sublayers_;
-  for (const auto& layer : present) layer->removeFromSuperlayer();
+  const auto present = this->sublayers();
+  for (auto layer = present.rbegin(); layer != present.rend(); ++layer) (*layer)->removeFromSuperlayer();
   for (const auto& layer : sublayers) addSublayer(layer);
 }
 
@@ -66,12 +70,12 @@ void CALayer::removeFromSuperlayer() {
 }
 
 void CALayer::insert(const Ref<CALayer>& layer, std::size_t index) {
-  const bool mayHoldThis = !layer->sublayers_.empty() || layer->values_.mask || layer == this;
+  const bool mayHoldThis = !layer->sublayers().empty() || layer->mask() || layer == this;
   if (mayHoldThis && isDescendantOf(layer.get())) fatal("a layer cannot be its own sublayer", unit);
   const Ref<CALayer> moved(layer);
   moved->detachFromContainer();
-  const auto place = std::min(index, sublayers_.size());
-  sublayers_.insert(sublayers_.begin() + static_cast<std::ptrdiff_t>(place), moved);
+  auto& own = children();
+  own.insert(moved, std::min(index, own.list.size()));
   attach(*moved, false);
 }
 
@@ -83,7 +87,7 @@ void CALayer::attach(CALayer& layer, bool asMask) {
   layer.marks_.renderBelow = false;
   layer.markRender(Effect::rearrange);
   if (!layer.marks_.commitBelow) return;
-  if (!asMask) marked_.commitBelow.push_back(&layer);
+  if (!asMask) children_->toCommit.add(layer);
   markCommit();
 }
 
@@ -93,27 +97,25 @@ void CALayer::detachFromContainer() {
   const Ref<CALayer> self(this);
   auto& container = *std::exchange(container_, nullptr);
   if (std::exchange(isMask_, false)) {
-    container.values_.mask = nullptr;
+    container.rare_->mask = nullptr;
     container.markRender(Effect::rearrange);
     return;
   }
-  container.sublayers_.erase(placeOf(container.sublayers_, *this));
-  if (marks_.commitBelow) std::erase(container.marked_.commitBelow, this);
-  if (marks_.renderBelow) std::erase(container.marked_.renderBelow, this);
+  container.children_->erase(*this);
   container.record_.left = unite(container.record_.left, record_.subtree);
   record_ = {};
   container.markRender(container.record_.shadowFollowsBelow ? Effect::rearrange : Effect::none);
 }
 
 void CALayer::setMask(Ref<CALayer> mask) {
-  if (mask == values_.mask) return;
+  if (mask == this->mask()) return;
   const Ref<CALayer> self(this);
   const Ref<CALayer> entering = std::move(mask);
   if (entering && entering->superlayer()) fatal("a mask cannot have a superlayer", unit);
   if (entering && isDescendantOf(entering.get())) fatal("a layer cannot be its own mask", unit);
   if (entering) entering->detachFromContainer();
-  const auto leaving = values_.mask;
-  change("mask", values_.mask, entering, Effect::rearrange);
+  const auto leaving = this->mask();
+  change("mask", ownRare().mask, entering, Effect::rearrange);
   if (leaving && leaving->container_ == this) {
     ++treeVersion_;
     leaving->container_ = nullptr;
@@ -126,7 +128,7 @@ void CALayer::markCommit() {
   for (auto* layer = this; !layer->marks_.commitBelow; layer = layer->container_) {
     layer->marks_.commitBelow = true;
     if (auto* container = layer->container_) {
-      if (!layer->isMask_) container->marked_.commitBelow.push_back(layer);
+      if (!layer->isMask_) container->children_->toCommit.add(*layer);
       continue;
     }
     if (layer->renderer_) layer->renderer_->treeDidChange();
@@ -144,7 +146,7 @@ void CALayer::markRender(Effect effect) {
       if (layer->renderer_) layer->renderer_->treeDidChange();
       return;
     }
-    if (!layer->isMask_) container->marked_.renderBelow.push_back(layer);
+    if (!layer->isMask_) container->children_->toRender.add(*layer);
     if (layer->isMask_ || container->record_.shadowFollowsBelow) container->marks_.rearrange = true;
   }
 }

@@ -14,8 +14,12 @@ class LayerAccess {
 
   static const Values& values(const CALayer& layer) { return layer.values_; }
   static Marks& marks(CALayer& layer) { return layer.marks_; }
-  static CALayer::MarkedSublayers& marked(CALayer& layer) { return layer.marked_; }
+  using Children = CALayer::Children;
+  /// Null for a layer that never had sublayers.
+  static Children* children(const CALayer& layer) { return layer.children_.get(); }
+  static bool mayBeTransformed(const CALayer& layer) { return layer.rare_ != nullptr; }
   static Record& record(CALayer& layer) { return layer.record_; }
+  static const Record& record(const CALayer& layer) { return layer.record_; }
   static CALayer* container(const CALayer& layer) { return layer.container_; }
   static CARenderer* renderer(const CALayer& layer) { return layer.renderer_; }
   static void setRenderer(CALayer& layer, CARenderer* renderer) { layer.renderer_ = renderer; }

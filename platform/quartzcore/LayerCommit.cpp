@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/quartzcore/LayerAccess.h"
+#include "platform/quartzcore/LayerChildren.h"
 
 namespace bkuk {
 
@@ -10,30 +11,30 @@ namespace {
 
 using Layers = std::vector<Ref<CALayer>>;
 
-// The marked sublayers stand in the order of their marks; this brings them into that of the tree.
-void sortMarked(CALayer& layer) {
-  auto& marked = LayerAccess::marked(layer).commitBelow;
-  if (marked.size() < 2) return;
-  constexpr std::size_t few = 8;
-  const auto& sublayers = layer.sublayers();
-  if (marked.size() <= few) {
-    const auto place = [&](const CALayer* each) {
-      return std::ranges::find(sublayers, each, &Ref<CALayer>::get);
-    };
-    std::ranges::sort(marked, {}, place);
-    return;
+// The marked sublayers in the order of the tree.
+std::vector<CALayer*> markedBelow(CALayer& layer) {
+  std::vector<CALayer*> marked;
+  const auto* children = LayerAccess::children(layer);
+  if (!children) return marked;
+  marked = children->toCommit.all();
+  if (marked.size() < 2) return marked;
+  const auto& list = children->list;
+  const bool areMost = marked.size() > list.size() / 8;
+  if (!areMost) {
+    std::ranges::sort(marked, {}, [&](const CALayer* each) { return list.indexOf(*each); });
+    return marked;
   }
   marked.clear();
-  for (const auto& sublayer : sublayers) {
+  for (const auto& sublayer : list.all()) {
     if (LayerAccess::marks(*sublayer).commitBelow) marked.push_back(sublayer.get());
   }
+  return marked;
 }
 
 // The mask is taken after all sublayers.
 void pushMarkedBelow(CALayer& layer, Layers& stack) {
   if (layer.mask() && LayerAccess::marks(*layer.mask()).commitBelow) stack.push_back(layer.mask());
-  sortMarked(layer);
-  const auto& marked = LayerAccess::marked(layer).commitBelow;
+  const auto marked = markedBelow(layer);
   stack.insert(stack.end(), marked.rbegin(), marked.rend());
 }
 
@@ -57,7 +58,7 @@ Layers takeMarks(CALayer& root, Layers& stillUnlaid) {
     if (marks.layout) stillUnlaid.push_back(layer);
     if (marks.display) toDisplay.push_back(layer);
     pushMarkedBelow(*layer, stack);
-    LayerAccess::marked(*layer).commitBelow.clear();
+    if (auto* children = LayerAccess::children(*layer)) children->toCommit.clear();
   }
   return toDisplay;
 }

@@ -14,8 +14,9 @@ CGAffineTransform transformToSuperlayer(const CALayer& layer) {
       values.geometryFlipped ? -1.0 : 1.0,
       -bounds.minX() - values.anchorPoint.x * bounds.width(),
       (values.geometryFlipped ? bounds.maxY() : -bounds.minY()) - values.anchorPoint.y * bounds.height()};
-  return unturned.concatenating(CATransform3DGetAffineTransform(values.transform))
-      .concatenating(CGAffineTransform::translation(values.position.x, values.position.y));
+  const auto position = CGAffineTransform::translation(values.position.x, values.position.y);
+  if (!LayerAccess::mayBeTransformed(layer)) return unturned.concatenating(position);
+  return unturned.concatenating(CATransform3DGetAffineTransform(layer.transform())).concatenating(position);
 }
 
 CGAffineTransform transformToRoot(const CALayer& layer) {

@@ -1,9 +1,11 @@
 #include "platform/quartzcore/compositor/LayerShadow.h"
 
 #include <cmath>
+#include <utility>
 
 #include "platform/coregraphics/GaussianBlur.h"
 #include "platform/quartzcore/LayerAccess.h"
+#include "platform/quartzcore/LayerChildren.h"
 
 namespace bkuk {
 
@@ -21,7 +23,12 @@ bool showsJustItsBox(const CALayer& shown, const LayerBox& box, const CALayer& l
 
 PixelRect pixelsBelow(const CALayer& layer) {
   PixelRect below;
-  for (const auto& sublayer : layer.sublayers()) below = unite(below, LayerAccess::record(*sublayer).subtree);
+  const auto* children = LayerAccess::children(layer);
+  if (!children) return below;
+  if (children->index) return children->index->bounds();
+  for (const auto& sublayer : children->list.all()) {
+    below = unite(below, LayerAccess::record(std::as_const(*sublayer)).subtree);
+  }
   return below;
 }
 

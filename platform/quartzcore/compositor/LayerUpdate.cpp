@@ -3,10 +3,10 @@
 #include <utility>
 
 #include "platform/quartzcore/LayerAccess.h"
+#include "platform/quartzcore/LayerChildren.h"
 #include "platform/quartzcore/LayerGeometry.h"
 #include "platform/quartzcore/compositor/LayerShadow.h"
 #include "platform/quartzcore/compositor/LayerSight.h"
-#include "platform/quartzcore/compositor/SublayerIndex.h"
 
 namespace bkuk {
 
@@ -21,9 +21,11 @@ void clearMarksBelow(CALayer& top) {
     if (!marks.renderBelow) continue;
     marks.renderBelow = marks.repaint = marks.rearrange = false;
     if (layer.mask()) stack.push_back(layer.mask().get());
-    auto& marked = LayerAccess::marked(layer).renderBelow;
+    auto* children = LayerAccess::children(layer);
+    if (!children) continue;
+    const auto& marked = children->toRender.all();
     stack.insert(stack.end(), marked.begin(), marked.end());
-    marked.clear();
+    children->toRender.clear();
   }
 }
 
@@ -97,7 +99,9 @@ struct LayerUpdate::Visit {
   // All sublayers of what moved as a whole, else those that are marked.
   [[nodiscard]] CALayer* nextSublayer() {
     if (wholly) return next < layer->sublayers().size() ? layer->sublayers()[next++].get() : nullptr;
-    const auto& marked = LayerAccess::marked(*layer).renderBelow;
+    const auto* children = LayerAccess::children(*layer);
+    if (!children) return nullptr;
+    const auto& marked = children->toRender.all();
     return next < marked.size() ? marked[next++] : nullptr;
   }
 };
@@ -168,7 +172,7 @@ void LayerUpdate::followSight(CALayer& layer, const LayerBox& box, const Around&
 void LayerUpdate::leaveInvisible(CALayer& layer) {
   auto& record = LayerAccess::record(layer);
   record.own = record.subtree = {};
-  if (!visits_.empty()) visits_.back().sublayersMoved = true;
+  if (!visits_.empty()) tellOfMove(layer, visits_.back());
   auto& marks = LayerAccess::marks(layer);
   // What is below it keeps its marks until it can be seen again, which rearranges it all.
   marks.repaint = marks.rearrange = marks.renderBelow = false;
@@ -181,9 +185,9 @@ void LayerUpdate::leave(Visit& visit) {
   const bool followedBelow = record.shadowFollowsBelow;
   const bool wasGroup = record.isGroup;
   updateRects(visit);
-  LayerAccess::marked(*visit.layer).renderBelow.clear();
+  if (auto* children = LayerAccess::children(*visit.layer)) children->toRender.clear();
   if (visits_.size() > 1 && (visit.wholly || record.subtree != oldSubtree)) {
-    visits_[visits_.size() - 2].sublayersMoved = true;
+    tellOfMove(*visit.layer, visits_[visits_.size() - 2]);
   }
   // Colours that are composed in another way round in another way, wherever they are.
   const bool changedKind = followedBelow != record.shadowFollowsBelow || wasGroup != record.isGroup;
@@ -197,16 +201,24 @@ void LayerUpdate::leave(Visit& visit) {
   }
 }
 
+void LayerUpdate::tellOfMove(const CALayer& sublayer, Visit& around) {
+  around.sublayersMoved = true;
+  auto& children = *LayerAccess::children(*around.layer);
+  if (around.wholly || children.mayBeRaised || !children.index) return;
+  children.index->set(children.list.indexOf(sublayer), LayerAccess::record(sublayer).subtree);
+}
+
 PixelRect LayerUpdate::updateBelow(const Visit& visit) {
-  auto& index = LayerAccess::record(*visit.layer).sublayers;
-  const auto count = visit.layer->sublayers().size();
-  if (count < SublayerIndex::worthwhileCount) {
+  auto* children = LayerAccess::children(*visit.layer);
+  if (!children) return {};
+  auto& index = children->index;
+  if (children->list.size() < SublayerIndex::worthwhileCount) {
     index = nullptr;
     return pixelsBelow(*visit.layer);
   }
-  if (!index || visit.sublayersMoved || index->count() != count) {
-    index = std::make_shared<SublayerIndex>(*visit.layer);
-  }
+  if (!index) index = std::make_unique<SublayerIndex>();
+  if (visit.wholly || (children->mayBeRaised && visit.sublayersMoved)) index->forgetFrom(0);
+  children->mayBeRaised = index->update(*visit.layer, children->mayBeRaised);
   return index->bounds();
 }
 

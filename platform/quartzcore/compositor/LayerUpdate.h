@@ -29,7 +29,8 @@ class LayerUpdate {
   void followSight(CALayer& layer, const LayerBox& box, const Around& around, bool isFlipped);
   void leave(Visit& visit);
   void leaveInvisible(CALayer& layer);
-  PixelRect updateBelow(const Visit& visit);
+  static void tellOfMove(const CALayer& sublayer, Visit& around);
+  static PixelRect updateBelow(const Visit& visit);
   void updateRects(Visit& visit);
   void damage(const PixelRect& rect) { damage_.add(intersect(rect, image_)); }
 

@@ -5,10 +5,10 @@
 #include <optional>
 
 #include "platform/quartzcore/LayerAccess.h"
+#include "platform/quartzcore/LayerChildren.h"
 #include "platform/quartzcore/LayerGeometry.h"
 #include "platform/quartzcore/compositor/LayerUpdate.h"
 #include "platform/quartzcore/compositor/OccluderStack.h"
-#include "platform/quartzcore/compositor/SublayerIndex.h"
 
 namespace bkuk {
 
@@ -239,8 +239,9 @@ void Scene::pushSublayers(const Place& place, double alpha) {
                       .isFlipped = place.isFlipped,
                       .isInMask = place.isInMask});
   };
-  const auto& index = LayerAccess::record(place.layer).sublayers;
-  if (index && !place.isInMask) return index->forTouching(visible, push);
+  const auto* children = LayerAccess::children(place.layer);
+  if (!children) return;
+  if (children->index && !place.isInMask) return children->index->forTouching(place.layer, visible, push);
   order_.clear();
   appendInPaintingOrder(place.layer, order_);
   for (auto sublayer = order_.rbegin(); sublayer != order_.rend(); ++sublayer) {

@@ -1,32 +1,35 @@
 #include "platform/quartzcore/compositor/SublayerIndex.h"
 
-#include <limits>
-#include <utility>
+#include <algorithm>
 
 #include "platform/quartzcore/LayerAccess.h"
 
 namespace bkuk {
 
-SublayerIndex::SublayerIndex(const CALayer& layer) {
-  layers_.reserve(layer.sublayers().size());
-  appendInPaintingOrder(layer, layers_);
-  edges_.reserve(layers_.size());
-  PixelRect group;
-  for (auto* sublayer : layers_) {
-    const auto& rect = LayerAccess::record(*sublayer).subtree;
-    edges_.push_back(edgesOf(rect));
-    group = unite(group, rect);
-    const bool isComplete = edges_.size() % groupLength == 0 || edges_.size() == layers_.size();
-    if (!isComplete) continue;
-    groups_.push_back(edgesOf(group));
-    bounds_ = unite(bounds_, std::exchange(group, {}));
+bool SublayerIndex::update(const CALayer& layer, bool mayBeRaised) {
+  const auto& list = layer.sublayers();
+  if (boxes_.size() == list.size()) return mayBeRaised;
+  if (!mayBeRaised) {
+    for (std::size_t i = boxes_.size(); i < list.size(); ++i) append(*list[i]);
+    return false;
   }
+  boxes_.truncate(0);
+  raised_.clear();
+  appendInPaintingOrder(layer, raised_);
+  for (const auto* sublayer : raised_) append(*sublayer);
+  const bool isRaised = std::ranges::any_of(list, [](const auto& each) { return each->zPosition() != 0; });
+  if (!isRaised) raised_.clear();
+  return isRaised;
 }
 
-SublayerIndex::Edges SublayerIndex::edgesOf(const PixelRect& rect) {
-  if (!rect.isEmpty()) return {rect.x, rect.y, rect.maxX(), rect.maxY()};
-  constexpr int farthest = std::numeric_limits<int>::max();
-  return {farthest, farthest, -farthest, -farthest};
+void SublayerIndex::append(const CALayer& sublayer) {
+  boxes_.append(boxOf(LayerAccess::record(sublayer).subtree));
+}
+
+PixelRect SublayerIndex::bounds() const {
+  const auto box = boxes_.bounds();
+  if (box.minX > box.maxX) return {};
+  return {box.minX, box.minY, box.maxX - box.minX + 1, box.maxY - box.minY + 1};
 }
 
 }  // namespace bkuk

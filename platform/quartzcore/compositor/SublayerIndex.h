@@ -1,61 +1,59 @@
 #pragma once
 
-#include <algorithm>
 #include <cstddef>
 #include <vector>
 
+#include "platform/foundation/BoxTree.h"
+#include "platform/quartzcore/CALayer.h"
 #include "platform/quartzcore/PixelGeometry.h"
 
 namespace bkuk {
 
-class CALayer;
-
-/// Where the many sublayers of one layer are, side by side in memory, so that painting a small part of it
-/// need not ask each of them. True from the update that made it to the next.
+/// Where the many sublayers of one layer are, so that painting a small part of it need not ask each of them.
+/// True from one update to the next.
 class SublayerIndex {
  public:
   /// From how many sublayers on it pays to have one.
   static constexpr std::size_t worthwhileCount = 32;
 
-  explicit SublayerIndex(const CALayer& layer);
+  /// What it knows of the sublayers from that place in the list on is no longer so.
+  void forgetFrom(std::size_t place) {
+    if (place < boxes_.size()) boxes_.truncate(place);
+  }
+  /// To be called when a sublayer touches other pixels, with its place in the list.
+  void set(std::size_t place, const PixelRect& rect) {
+    if (place < boxes_.size()) boxes_.set(place, boxOf(rect));
+  }
+  /// Takes over what it does not know of the sublayers. `mayBeRaised`: they may be painted in another order
+  /// than that of the list, and then all are taken over where one is not known. Answers whether they are.
+  bool update(const CALayer& layer, bool mayBeRaised);
 
-  [[nodiscard]] std::size_t count() const { return layers_.size(); }
   /// The device pixels of all.
-  [[nodiscard]] const PixelRect& bounds() const { return bounds_; }
+  [[nodiscard]] PixelRect bounds() const;
 
-  /// Calls `visit` with those that may touch `area`, the front one first.
+  /// Calls `visit` with those of the layer that may touch `area`, the front one first.
   template <typename Visit>
-  void forTouching(const PixelRect& area, Visit&& visit) const {
+  void forTouching(const CALayer& layer, const PixelRect& area, Visit&& visit) const {
     if (area.isEmpty()) return;
-    const Edges wanted = edgesOf(area);
-    for (std::size_t group = groups_.size(); group-- > 0;) {
-      if (!groups_[group].touch(wanted)) continue;
-      const std::size_t begin = group * groupLength;
-      for (std::size_t i = std::min(begin + groupLength, edges_.size()); i-- > begin;) {
-        if (edges_[i].touch(wanted)) visit(*layers_[i]);
-      }
+    const auto wanted = boxOf(area);
+    for (auto i = boxes_.lastTouching(wanted, boxes_.size()); i != Boxes::none;
+         i = boxes_.lastTouching(wanted, i)) {
+      visit(raised_.empty() ? *layer.sublayers()[i] : *raised_[i]);
     }
   }
 
  private:
-  struct Edges {
-    int minX, minY, maxX, maxY;
+  using Boxes = BoxTree<int>;
 
-    [[nodiscard]] bool touch(const Edges& other) const {
-      return minY < other.maxY && other.minY < maxY && minX < other.maxX && other.minX < maxX;
-    }
-  };
+  void append(const CALayer& sublayer);
+  // That of an empty rectangle touches nothing.
+  [[nodiscard]] static Boxes::Box boxOf(const PixelRect& rect) {
+    if (rect.isEmpty()) return {};
+    return {rect.x, rect.y, rect.maxX() - 1, rect.maxY() - 1};
+  }
 
-  // Nothing touches those of an empty rectangle.
-  [[nodiscard]] static Edges edgesOf(const PixelRect& rect);
-
-  // Neighbours in the list are mostly neighbours on the screen, so most groups are passed over as a whole.
-  static constexpr std::size_t groupLength = 32;
-
-  std::vector<Edges> edges_;   // in painting order
-  std::vector<Edges> groups_;  // around as many of them each
-  std::vector<CALayer*> layers_;
-  PixelRect bounds_;
+  Boxes boxes_;                   // in the order of the list, or that of `raised_`
+  std::vector<CALayer*> raised_;  // in painting order, where that is another
 };
 
 }  // namespace bkuk
