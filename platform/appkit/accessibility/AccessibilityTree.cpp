@@ -1,5 +1,6 @@
 #include "platform/appkit/accessibility/AccessibilityTree.h"
 
+#include <unordered_set>
 #include <utility>
 
 #include "host/Accessibility.h"
@@ -82,13 +83,26 @@ void AccessibilityTree::postFocus(NSWindow& window) {
 }
 
 void AccessibilityTree::markChildren(NSAccessibility& container) {
-  const auto parent = nearestElement(&container);
-  if (!parent || !std::exchange(parent->changedRecord().hasToldChildren, false)) return;
-  changedParents_.push_back(parent);
+  const auto [found, isNew] = placesOfChanged_.try_emplace(&container, changedContainers_.size());
+  if (!isNew && changedContainers_[found->second].refersTo(&container)) return;
+  found->second = changedContainers_.size();
+  changedContainers_.emplace_back(&container);
 }
 
+// The way from a container up to its element ends where that of another has been.
 void AccessibilityTree::tellChangedParents() {
-  for (const auto& weak : std::exchange(changedParents_, {})) {
+  placesOfChanged_.clear();
+  std::unordered_set<Ref<NSAccessibility>> seen;
+  std::vector<Weak<NSAccessibility>> parents;
+  for (const auto& weak : std::exchange(changedContainers_, {})) {
+    auto each = weak.lock();
+    while (each && seen.insert(each).second && !each->isAccessibilityElement()) {
+      each = each->accessibilityParent();
+    }
+    const bool isElement = each && each->isAccessibilityElement();
+    if (isElement && std::exchange(each->changedRecord().hasToldChildren, false)) parents.emplace_back(each);
+  }
+  for (const auto& weak : parents) {
     if (const auto parent = weak.lock()) post(*parent, Kind::children);
   }
 }

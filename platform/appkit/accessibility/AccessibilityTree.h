@@ -28,9 +28,9 @@ class AccessibilityTree final : public host::AccessibilityTree {
   }
   /// Called at the end of a turn.
   static void tellChildren() {
-    if (!shared().changedParents_.empty()) shared().tellChangedParents();
+    if (!shared().changedContainers_.empty()) shared().tellChangedParents();
   }
-  [[nodiscard]] static bool hasUntoldChildren() { return !shared().changedParents_.empty(); }
+  [[nodiscard]] static bool hasUntoldChildren() { return !shared().changedContainers_.empty(); }
   /// To be called by an element that goes and has an id.
   void forget(host::AccessibilityId id);
 
@@ -57,7 +57,8 @@ class AccessibilityTree final : public host::AccessibilityTree {
 
   host::AccessibilityId lastId_ = 0;
   std::unordered_map<host::AccessibilityId, Weak<NSAccessibility>> elements_;
-  std::vector<Weak<NSAccessibility>> changedParents_;
+  std::vector<Weak<NSAccessibility>> changedContainers_;
+  std::unordered_map<const NSAccessibility*, std::size_t> placesOfChanged_;  // of each that lives, its last
 };
 
 }  // namespace bkuk

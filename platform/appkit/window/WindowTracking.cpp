@@ -1,7 +1,6 @@
 #include "platform/appkit/window/WindowTracking.h"
 
 #include <algorithm>
-#include <cmath>
 #include <utility>
 
 #include "platform/appkit/NSApplication.h"
@@ -23,33 +22,59 @@ NSRect baseRectOf(const NSTrackingArea& area, const NSView& view) {
 
 void WindowTracking::add(NSView& view, NSTrackingArea& area) {
   area.place_ = entries_.size();
-  entries_.push_back({.box = {}, .area = &area, .isInside = false});
+  entries_.push_back({.box = {}, .area = &area});
+  boxes_.append({});
   area.view_ = &view;
   if (area.has(NSTrackingMouseMoved)) ++moveListenerCount_;
   updateRect(area);
   auto& entry = entries_.back();
   // Also where the area is not active: its owner may go by the place alone, and hears of the exit then.
-  entry.isInside =
-      area.has(NSTrackingAssumeInside) || (pointer_.isInWindow && entry.box.contains(pointer_.location));
-  groupsAreStale_ = true;
+  setInside(entry, area.has(NSTrackingAssumeInside) ||
+                       (pointer_.isInWindow && entry.box.contains(pointer_.location)));
 }
 
 void WindowTracking::remove(NSTrackingArea& area) {
+  if (area.place_ == NSTrackingArea::nowhere) return;
+  setInside(entries_[area.place_], false);
   const auto place = std::exchange(area.place_, NSTrackingArea::nowhere);
-  if (place == NSTrackingArea::nowhere) return;
   if (area.has(NSTrackingMouseMoved)) --moveListenerCount_;
   entries_[place] = entries_.back();
   entries_.pop_back();
-  if (place < entries_.size()) entries_[place].area->place_ = place;
-  groupsAreStale_ = true;
+  if (place < entries_.size()) {
+    entries_[place].area->place_ = place;
+    boxes_.set(place, boxes_[entries_.size()]);
+  }
+  boxes_.truncate(entries_.size());
 }
 
 void WindowTracking::updateRect(const NSTrackingArea& area) {
   const auto view = area.view_.lock();
   if (!view || area.place_ == NSTrackingArea::nowhere) return;
   const NSRect rect = baseRectOf(area, *view);
-  entries_[area.place_].box = {rect.minX(), rect.minY(), rect.maxX(), rect.maxY()};
-  groupsAreStale_ = true;
+  auto& box = entries_[area.place_].box;
+  box = {rect.minX(), rect.minY(), rect.maxX(), rect.maxY()};
+  boxes_.set(area.place_, box.whole());
+}
+
+// What is not a number holds no point, and must not spoil the box of its neighbours.
+BoxTree<CGFloat>::Box WindowTracking::Box::whole() const {
+  const bool isSomewhere = minX <= maxX && minY <= maxY;
+  return isSomewhere ? BoxTree<CGFloat>::Box{minX, minY, maxX, maxY} : BoxTree<CGFloat>::Box();
+}
+
+void WindowTracking::setInside(Entry& entry, bool isInside) {
+  if (isInside == entry.isInside()) return;
+  if (isInside) {
+    entry.insideAt = inside_.size();
+    inside_.push_back(entry.area);
+    return;
+  }
+  const auto at = std::exchange(entry.insideAt, NSTrackingArea::nowhere);
+  auto* last = inside_.back();
+  inside_.pop_back();
+  if (at == inside_.size()) return;
+  inside_[at] = last;
+  entries_[last->place_].insideAt = at;
 }
 
 bool WindowTracking::isActive(const NSTrackingArea& area) const {
@@ -65,47 +90,26 @@ bool WindowTracking::isUnderPointer(const Entry& entry) const {
   return pointer_.isInWindow && entry.box.contains(pointer_.location) && isActive(*entry.area);
 }
 
-// What is not a number does not spoil the box of its neighbours.
-void WindowTracking::Box::add(const Box& other) {
-  minX = std::fmin(minX, other.minX);
-  minY = std::fmin(minY, other.minY);
-  maxX = std::fmax(maxX, other.maxX);
-  maxY = std::fmax(maxY, other.maxY);
-}
-
-void WindowTracking::makeGroups() {
-  if (!std::exchange(groupsAreStale_, false)) return;
-  groups_.clear();
-  for (std::size_t i = 0; i < entries_.size(); ++i) {
-    const auto& entry = entries_[i];
-    if (i % groupLength == 0) groups_.push_back({entry.box, 0});
-    groups_.back().box.add(entry.box);
-    groups_.back().insideCount += entry.isInside;
-  }
-}
-
+// In the order of the list: those at the pointer, and those where it was.
 void WindowTracking::collect(Areas& exited, Areas& entered) {
-  makeGroups();
-  const NSPoint location = pointer_.isInWindow ? pointer_.location : farOutside;
-  for (std::size_t i = 0; i < groups_.size(); ++i) {
-    auto& group = groups_[i];
-    if (group.insideCount == 0 && !group.box.contains(location)) continue;
-    const std::size_t end = std::min((i + 1) * groupLength, entries_.size());
-    for (std::size_t next = i * groupLength; next < end; ++next) {
-      auto& entry = entries_[next];
-      if (entry.isInside || entry.box.contains(location)) collect(entry, group, exited, entered);
-    }
+  const NSPoint at = pointer_.isInWindow ? pointer_.location : farOutside;
+  concerned_.clear();
+  for (const auto* area : inside_) concerned_.push_back(area->place_);
+  for (auto place = boxes_.lastTouching({at.x, at.y, at.x, at.y}, entries_.size());
+       place != BoxTree<CGFloat>::none; place = boxes_.lastTouching({at.x, at.y, at.x, at.y}, place)) {
+    if (entries_[place].box.contains(at) && !entries_[place].isInside()) concerned_.push_back(place);
   }
+  std::ranges::sort(concerned_);
+  for (const auto place : concerned_) collect(entries_[place], exited, entered);
 }
 
-void WindowTracking::collect(Entry& entry, Group& group, Areas& exited, Areas& entered) {
+void WindowTracking::collect(Entry& entry, Areas& exited, Areas& entered) {
   auto& area = *entry.area;
   const bool isInside = isUnderPointer(entry);
-  if (isInside == entry.isInside) return;
+  if (isInside == entry.isInside()) return;
   const bool waitsForRelease = pointer_.isButtonDown && !area.has(NSTrackingEnabledDuringMouseDrag);
   if (isInside && waitsForRelease) return;
-  entry.isInside = isInside;
-  group.insideCount += isInside ? 1 : -1;
+  setInside(entry, isInside);
   (isInside ? entered : exited).push_back(&area);
 }
 
@@ -169,9 +173,10 @@ void WindowTracking::deliver(NSEvent& event) {
 void WindowTracking::sendMoved(NSEvent& event) {
   if (moveListenerCount_ == 0) return;
   Areas areas;
-  for (const auto& entry : entries_) {
-    if (entry.isInside && entry.area->has(NSTrackingMouseMoved)) areas.push_back(entry.area);
+  for (auto* area : inside_) {
+    if (area->has(NSTrackingMouseMoved)) areas.push_back(area);
   }
+  std::ranges::sort(areas, {}, [](const auto& area) { return area->place_; });
   for (const auto& area : areas) {
     const auto owner = area->owner();
     if (owner && area->place_ != NSTrackingArea::nowhere) owner->mouseMoved(event);

@@ -4,6 +4,7 @@
 
 #include "platform/appkit/NSEvent.h"
 #include "platform/appkit/NSTrackingArea.h"
+#include "platform/foundation/BoxTree.h"
 
 namespace bkuk {
 
@@ -12,8 +13,8 @@ class NSWindow;
 /// Follows the pointer over the tracking areas of one window and reports to their owners. Owned by its
 /// window, which tells it of every move; views tell it of their areas.
 ///
-/// The areas lie in a flat list in base coordinates, in groups with a box around each, so that a move looks
-/// at few of them, and at views and owners only where something changed.
+/// The areas lie in a flat list in base coordinates with boxes around neighbours of them, so that a move
+/// looks at few of them, and at views and owners only where something changed.
 class WindowTracking {
  public:
   /// Where the pointer is and what is held.
@@ -52,34 +53,32 @@ class WindowTracking {
     [[nodiscard]] bool contains(NSPoint p) const {
       return p.x >= minX && p.x < maxX && p.y > minY && p.y <= maxY;
     }
-    void add(const Box& other);
+    // One edge of the two counts as inside here, which at worst lists an area in vain.
+    [[nodiscard]] BoxTree<CGFloat>::Box whole() const;
   };
   struct Entry {
     Box box;
-    NSTrackingArea* area;  // in the list of a view of this window, which keeps it
-    bool isInside;
+    NSTrackingArea* area;                            // in the list of a view of this window, which keeps it
+    std::size_t insideAt = NSTrackingArea::nowhere;  // among those that are inside
+
+    [[nodiscard]] bool isInside() const { return insideAt != NSTrackingArea::nowhere; }
   };
-  // As many neighbours in the list, which mostly are neighbours on the screen.
-  struct Group {
-    Box box;
-    int insideCount;
-  };
-  static constexpr std::size_t groupLength = 32;
   using Areas = std::vector<Ref<NSTrackingArea>>;
 
   [[nodiscard]] bool isActive(const NSTrackingArea& area) const;
   [[nodiscard]] bool isUnderPointer(const Entry& entry) const;
   void send(NSEventType type, const NSTrackingArea& area) const;
-  void makeGroups();
+  void setInside(Entry& entry, bool isInside);
   void collect(Areas& exited, Areas& entered);
-  void collect(Entry& entry, Group& group, Areas& exited, Areas& entered);
+  void collect(Entry& entry, Areas& exited, Areas& entered);
 
   NSWindow& window_;
   Pointer pointer_;
   std::vector<Entry> entries_;
-  std::vector<Group> groups_;
-  bool groupsAreStale_ = false;
-  std::size_t moveListenerCount_ = 0;  // areas that ask for moves
+  BoxTree<CGFloat> boxes_;               // of the entries
+  std::vector<NSTrackingArea*> inside_;  // those of the entries that are inside
+  std::vector<std::size_t> concerned_;   // by the last move; kept for its memory
+  std::size_t moveListenerCount_ = 0;    // areas that ask for moves
   Areas spareExited_;
   Areas spareEntered_;
 };
