@@ -31,7 +31,7 @@ bool NSView::accessibilityPerformFocus() {
 std::vector<Ref<NSAccessibility>> NSView::accessibilityChildren() const {
   const auto& place = accessibilityRecord().place;
   if (place && place->children) return *place->children;
-  return {subviews_.begin(), subviews_.end()};
+  return {subviews().begin(), subviews().end()};
 }
 
 Ref<NSAccessibility> NSView::accessibilityParent() const {

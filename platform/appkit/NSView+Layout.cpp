@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/appkit/NSView+MarkedWalk.h"
 #include "platform/appkit/NSWindow.h"
 #include "platform/appkit/constraints/LayoutPart.h"
 #include "platform/foundation/Fatal.h"
@@ -25,11 +26,8 @@ void NSView::setNeedsLayout(bool needsLayout) {
 }
 
 void NSView::markLayoutUpwards() {
-  subtreeNeedsLayout_ = true;
-  for (auto each = superview_.lock(); each && !each->subtreeNeedsLayout_; each = each->superview_.lock()) {
-    each->subtreeNeedsLayout_ = true;
-  }
-  if (const auto window = window_.lock()) window->setNeedsCommit();
+  markUpwards(&Subviews::toLayOut, &NSView::subtreeNeedsLayout_);
+  if (auto* window = window_.peek()) window->setNeedsCommit();
 }
 
 bool NSView::subtreeNeedsPass() {
@@ -54,15 +52,19 @@ void NSView::updateConstraints() {
 }
 
 void NSView::layoutMarkedViews() {
-  if (!subtreeNeedsLayout_) return;
-  std::vector<Ref<NSView>> waiting{this};
-  while (!waiting.empty()) {
-    const Ref<NSView> view = std::move(waiting.back());
-    waiting.pop_back();
-    if (!std::exchange(view->subtreeNeedsLayout_, false)) continue;
-    if (std::exchange(view->needsLayout_, false)) view->layout();
-    waiting.insert(waiting.end(), view->subviews_.rbegin(), view->subviews_.rend());
+  if (!layOutIfMarked()) return;
+  MarkedWalk walk(&Subviews::toLayOut);
+  walk.enter(*this);
+  while (const auto view = walk.next()) {
+    if (view->layOutIfMarked()) walk.enter(*view);
   }
+}
+
+// False when nothing is marked, here and below.
+bool NSView::layOutIfMarked() {
+  if (!takeMark(&Subviews::toLayOut, &NSView::subtreeNeedsLayout_)) return false;
+  if (std::exchange(needsLayout_, false)) layout();
+  return true;
 }
 
 // A layout that came first may have changed the constraints on what is in here.
@@ -115,7 +117,7 @@ void NSView::forLayoutParts(Visit&& visit) {
     NSView& view = *waiting.back();
     waiting.pop_back();
     if (view.layoutPart_) visit(view, *view.layoutPart_);
-    for (const auto& subview : view.subviews_) waiting.push_back(subview.get());
+    for (const auto& subview : view.subviews()) waiting.push_back(subview.get());
   }
 }
 
@@ -170,7 +172,7 @@ void NSView::didEnterLayoutTree() {
 void NSView::layoutTreeWillEnd() {
   if (!layoutPart_ || (!layoutPart_->engine && !layoutPart_->awaitsEngine)) return;
   if (layoutPart_->engine) layoutPart_->engine->disband();
-  for (const auto& view : subviews_) {
+  for (const auto& view : subviews()) {
     auto& part = view->layoutPart();
     part.awaitsEngine = true;
     part.engine = nullptr;

@@ -5,18 +5,24 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/appkit/NSTrackingArea.h"
+#include "platform/appkit/NSView+MarkedWalk.h"
 #include "platform/appkit/NSWindow.h"
 #include "platform/appkit/drawing/NSGraphicsContext.h"
 
 namespace bkuk {
 
 NSRect NSView::visibleRect() const {
-  NSRect rect = convertRectTo(bounds(), nullptr);
-  for (auto each = superview(); each; each = each->superview()) {
-    rect = rect.intersection(each->convertRectTo(each->bounds(), nullptr));
+  NSRect rect = bounds();
+  Placement placement;  // of the own space in that of `each`
+  for (const NSView* each = this;;) {
+    const NSView* parent = each->superview_.peek();
+    if (!parent) break;
+    const Placement outer = each->placementInSuperview();
+    placement = {outer.apply(placement.origin), outer.up * placement.up};
+    rect = outer.apply(rect).intersection(parent->bounds());
+    each = parent;
   }
-  return rect.isEmpty() ? NSRect() : convertRectFrom(rect, nullptr);
+  return rect.isEmpty() ? NSRect() : placement.undo(rect);
 }
 
 bool NSView::scrollToVisible(NSRect rect) {
@@ -26,50 +32,44 @@ bool NSView::scrollToVisible(NSRect rect) {
 
 // Tracking areas
 
+const std::vector<Ref<NSTrackingArea>>& NSView::trackingAreas() const { return extras().trackingAreas; }
+
 void NSView::addTrackingArea(Ref<NSTrackingArea> area) {
-  if (!area || std::ranges::find(trackingAreas_, area) != trackingAreas_.end()) return;
+  if (!area || area->view_.refersTo(this)) return;
   if (const auto old = area->view_.lock()) old->removeTrackingArea(area);
-  trackingAreas_.push_back(area);
+  ownExtras().trackingAreas.push_back(area);
   area->view_ = this;
   if (const auto window = this->window()) window->trackingAreaWasAdded(*this, *area);
 }
 
 void NSView::removeTrackingArea(const Ref<NSTrackingArea>& area) {
-  const auto found = std::ranges::find(trackingAreas_, area);
-  if (found == trackingAreas_.end()) return;
+  if (!area || !area->view_.refersTo(this)) return;
+  auto& areas = extras_->trackingAreas;
+  const auto found = std::ranges::find(areas, area);
   const Ref<NSTrackingArea> keep = std::move(*found);
-  trackingAreas_.erase(found);
+  areas.erase(found);
   keep->view_ = nullptr;
   if (const auto window = this->window()) window->trackingAreaWasRemoved(*keep);
 }
 
 void NSView::markTrackingStale() {
   trackingIsStale_ = true;
-  subtreeTrackingIsStale_ = true;
-  for (auto each = superview(); each && !each->subtreeTrackingIsStale_; each = each->superview()) {
-    each->subtreeTrackingIsStale_ = true;
-  }
-  if (const auto window = this->window()) window->setNeedsCommit();
+  markUpwards(&Subviews::toTrack, &NSView::subtreeTrackingIsStale_);
+  if (auto* window = window_.peek()) window->setNeedsCommit();
 }
 
 // A view that lies elsewhere takes along all that it contains.
 void NSView::updateTrackingInTree() {
   if (!subtreeTrackingIsStale_) return;
-  struct Step {
-    Ref<NSView> view;
-    bool hasMoved;
-  };
-  std::vector<Step> waiting{{this, false}};
-  while (!waiting.empty()) {
-    const Step step = std::move(waiting.back());
-    waiting.pop_back();
-    auto& view = *step.view;
-    const bool hasStaleBelow = std::exchange(view.subtreeTrackingIsStale_, false);
-    const bool hasMoved = std::exchange(view.trackingIsStale_, false) || step.hasMoved;
-    if (!hasMoved && !hasStaleBelow) continue;
-    if (hasMoved) view.refreshTracking();
-    for (auto each = view.subviews_.rbegin(); each != view.subviews_.rend(); ++each) {
-      waiting.push_back({*each, hasMoved});
+  MarkedWalk walk(&Subviews::toTrack);
+  for (Ref<NSView> view(this); view; view = walk.next()) {
+    const bool hasStaleBelow = view->takeMark(&Subviews::toTrack, &NSView::subtreeTrackingIsStale_);
+    const bool hasMoved = std::exchange(view->trackingIsStale_, false) || walk.isWhole();
+    if (hasMoved) {
+      view->refreshTracking();
+      walk.enterWholly(*view);
+    } else if (hasStaleBelow) {
+      walk.enter(*view);
     }
   }
 }
@@ -77,7 +77,7 @@ void NSView::updateTrackingInTree() {
 void NSView::refreshTracking() {
   const auto window = this->window();
   if (!window) return;
-  for (const auto& area : trackingAreas_) window->trackingAreaHasMoved(*area);
+  for (const auto& area : trackingAreas()) window->trackingAreaHasMoved(*area);
   if (hasFocusRing_) noteFocusRingMaskChanged();
   updateTrackingAreas();
 }

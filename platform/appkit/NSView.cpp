@@ -5,13 +5,12 @@
 
 #include "platform/appkit/NSAnimationContext.h"
 #include "platform/appkit/NSApplication.h"
-#include "platform/appkit/NSTrackingArea.h"
+#include "platform/appkit/NSView+Parts.h"
 #include "platform/appkit/NSWindow.h"
 #include "platform/appkit/accessibility/AccessibilityTree.h"
 #include "platform/appkit/constraints/LayoutPart.h"
 #include "platform/appkit/drawing/NSColor.h"
 #include "platform/appkit/drawing/NSGraphicsContext.h"
-#include "platform/appkit/drawing/NSShadow.h"
 #include "platform/foundation/Fatal.h"
 #include "platform/quartzcore/Autoresizing.h"
 
@@ -27,16 +26,39 @@ NSView::NSView(NSRect frame) : frame_(frame) {}
 
 NSView::~NSView() {
   layoutTreeWillEnd();
-  for (const auto& view : subviews_) {
-    view->superview_ = nullptr;
-    view->superviewIsFlipped_ = false;
-    if (view->layer_) view->layer_->removeFromSuperlayer();
+  const auto& views = subviews();
+  // From the end, where layers leave at no cost.
+  for (auto next = views.rbegin(); next != views.rend(); ++next) {
+    NSView& view = **next;
+    view.superview_ = nullptr;
+    view.superviewIsFlipped_ = false;
+    view.layoutPlace_ = view.trackingPlace_ = notMarked;
+    if (view.layer_) view.layer_->removeFromSuperlayer();
   }
 }
+
+const NSView::Extras& NSView::extras() const {
+  static const auto& none = *new Extras;
+  return extras_ ? *extras_ : none;
+}
+
+NSView::Extras& NSView::ownExtras() {
+  if (!extras_) extras_ = std::make_unique<Extras>();
+  return *extras_;
+}
+
+const std::string& NSView::identifier() const { return extras().identifier; }
+
+void NSView::setIdentifier(std::string identifier) { ownExtras().identifier = std::move(identifier); }
 
 void NSView::didInit() { NSResponder::didInit(); }
 
 // Tree
+
+const std::vector<Ref<NSView>>& NSView::subviews() const {
+  static const auto& none = *new std::vector<Ref<NSView>>;
+  return subviews_ ? subviews_->list.all() : none;
+}
 
 Ref<NSWindow> NSView::window() const { return window_.lock(); }
 
@@ -44,7 +66,7 @@ void NSView::addSubview(Ref<NSView> view) { addSubview(std::move(view), NSViewOr
 
 // A view without subviews contains nothing but itself.
 bool NSView::wouldContainItself(const NSView& view) const {
-  return &view == this || (!view.subviews_.empty() && isDescendantOf(view));
+  return &view == this || (!view.subviews().empty() && isDescendantOf(view));
 }
 
 void NSView::addSubview(Ref<NSView> view, NSViewOrdering positioned, const NSView* sibling) {
@@ -65,24 +87,29 @@ void NSView::addSubview(Ref<NSView> view, NSViewOrdering positioned, const NSVie
   }
   if (const auto old = view->superview_.lock()) {
     if (old != this) view->willLeaveLayoutTree();
-    std::erase(old->subviews_, view);
+    old->subviews_->erase(*view);
     if (old != this) old->subviewWasTaken(*view);
   }
-  subviews_.insert(subviews_.begin() + placeBeside(sibling, positioned), view);
+  insertSubview(view, positioned, sibling);
   if (!isHere) takeIn(*view);
-  if (view->superview_.refersTo(this)) adoptLayerOfSubview(*view);
+  const bool isInPlace = !isHere && view->layer_ && view->layer_->superlayer() == layer_;
+  if (view->superview_.refersTo(this) && !isInPlace) adoptLayerOfSubview(*view);
   view->markLayoutUpwards();
   view->markTrackingStale();
   AccessibilityTree::childrenDidChange(*this);
   if (!isHere) view->viewDidMoveToSuperview();
 }
 
-std::ptrdiff_t NSView::placeBeside(const NSView* sibling, NSViewOrdering positioned) const {
-  const auto found = std::ranges::find(subviews_, sibling, &Ref<NSView>::get);
-  const bool hasSibling = sibling && found != subviews_.end();
+void NSView::insertSubview(const Ref<NSView>& view, NSViewOrdering positioned, const NSView* sibling) {
+  if (!subviews_) subviews_ = std::make_unique<Subviews>();
+  subviews_->insert(view, placeBeside(sibling, positioned));
+}
+
+std::size_t NSView::placeBeside(const NSView* sibling, NSViewOrdering positioned) const {
+  const bool hasSibling = sibling && sibling->superview_.refersTo(this);
   const bool isAbove = positioned == NSViewOrdering::above;
-  if (!hasSibling) return isAbove ? std::ssize(subviews_) : 0;
-  return found - subviews_.begin() + (isAbove ? 1 : 0);
+  if (!hasSibling) return isAbove ? subviews_->list.size() : 0;
+  return subviews_->list.indexOf(*sibling) + (isAbove ? 1 : 0);
 }
 
 void NSView::takeIn(NSView& view) {
@@ -97,7 +124,7 @@ void NSView::removeFromSuperview() {
   if (!parent) return;
   const Ref<NSView> self(this);
   willLeaveLayoutTree();
-  std::erase(parent->subviews_, self);
+  parent->subviews_->erase(*this);
   superview_ = nullptr;
   superviewIsFlipped_ = false;
   parent->subviewWasTaken(*this);
@@ -109,9 +136,9 @@ void NSView::removeFromSuperview() {
 }
 
 bool NSView::isDescendantOf(const NSView& view) const {
-  Ref<const NSView> each(this);
-  while (each && each.get() != &view) each = each->superview_.lock();
-  return static_cast<bool>(each);
+  const NSView* each = this;
+  while (each && each != &view) each = each->superview_.peek();
+  return each != nullptr;
 }
 
 void NSView::viewWillMoveToWindow(NSWindow*) {}
@@ -132,6 +159,8 @@ void NSView::moveToWindow(NSWindow* window) {
     if (view.adoptWindow(window)) moved.emplace_back(&view);
   });
   --movesInProgress_;
+  const auto* parent = superview_.peek();
+  if (parent && !parent->layersArePending_) makePendingLayers();
   for (const auto& view : moved) view->didAdoptWindow(window);
 }
 
@@ -146,9 +175,9 @@ bool NSView::adoptWindow(NSWindow* window) {
   if (old == window || !belongsTo(window)) return false;
   if (old) old->viewHasLeft(*this);
   window_ = window;
+  layersArePending_ = window != nullptr;
   if (!window) return true;
   window->viewDidEnter(*this);
-  makeLayer();
   if (layer_) layer_->setContentsScale(window->backingScaleFactor());
   setNeedsDisplay(true);
   return true;
@@ -158,7 +187,7 @@ void NSView::didAdoptWindow(NSWindow* window) {
   if (window_.lock() != window) return;
   viewDidMoveToWindow();
   if (!window || window_.lock() != window) return;
-  if (shadow_) updateLayerShadow();
+  if (extras().shadow) updateLayerShadow();
   viewDidChangeBackingProperties();
   viewDidChangeEffectiveAppearance();
 }
@@ -168,12 +197,13 @@ void NSView::didAdoptWindow(NSWindow* window) {
 void NSView::setFrame(NSRect frame) {
   if (frame == frame_) return;
   const NSSize oldSize = std::exchange(frame_, frame).size;
+  if (const auto* parent = superview_.peek()) parent->subviews_->frameDidChange(*this);
   updateLayerGeometry();
   markTrackingStale();
   layoutPropertyDidChange();
   if (frame.size == oldSize) return;
   // Only views with subviews call out: others may set their frame while they are destroyed.
-  const Ref<NSView> self(subviews_.empty() ? nullptr : this);
+  const Ref<NSView> self(subviews().empty() ? nullptr : this);
   if (autoresizesSubviews_) resizeSubviews(oldSize);
   setNeedsLayout(true);
   const bool drawsAgain = redrawPolicy_ == NSViewLayerContentsRedrawPolicy::duringViewResize ||
@@ -197,11 +227,23 @@ NSView::Placement NSView::placementInSuperview() const {
 
 NSView::Placement NSView::placementInWindow() const {
   Placement placement = placementInSuperview();
-  for (auto each = superview_.lock(); each; each = each->superview_.lock()) {
+  for (const auto* each = superview_.peek(); each; each = each->superview_.peek()) {
     const Placement outer = each->placementInSuperview();
     placement = {outer.apply(placement.origin), outer.up * placement.up};
   }
   return placement;
+}
+
+NSRect NSView::Placement::apply(const NSRect& rect) const {
+  const NSPoint a = apply(NSPoint(rect.minX(), rect.minY()));
+  const NSPoint b = apply(NSPoint(rect.maxX(), rect.maxY()));
+  return NSRect(a.x, a.y, b.x - a.x, b.y - a.y).standardized();
+}
+
+NSRect NSView::Placement::undo(const NSRect& rect) const {
+  const NSPoint a = undo(NSPoint(rect.minX(), rect.minY()));
+  const NSPoint b = undo(NSPoint(rect.maxX(), rect.maxY()));
+  return NSRect(a.x, a.y, b.x - a.x, b.y - a.y).standardized();
 }
 
 NSPoint NSView::convertPointTo(NSPoint point, const NSView* view) const {
@@ -215,19 +257,17 @@ NSPoint NSView::convertPointFrom(NSPoint point, const NSView* view) const {
 }
 
 NSRect NSView::convertRectTo(const NSRect& rect, const NSView* view) const {
-  const NSPoint a = convertPointTo({rect.minX(), rect.minY()}, view);
-  const NSPoint b = convertPointTo({rect.maxX(), rect.maxY()}, view);
-  return NSRect(a.x, a.y, b.x - a.x, b.y - a.y).standardized();
+  if (view && view->window_.lock() != window_.lock()) fatal("The views are in different windows", unit);
+  const NSRect base = placementInWindow().apply(rect);
+  return view ? view->placementInWindow().undo(base) : base;
 }
 
 NSRect NSView::convertRectFrom(const NSRect& rect, const NSView* view) const {
-  const NSPoint a = convertPointFrom({rect.minX(), rect.minY()}, view);
-  const NSPoint b = convertPointFrom({rect.maxX(), rect.maxY()}, view);
-  return NSRect(a.x, a.y, b.x - a.x, b.y - a.y).standardized();
+  return view ? view->convertRectTo(rect, this) : placementInWindow().undo(rect);
 }
 
 void NSView::resizeSubviews(NSSize oldSize) {
-  const auto snapshot = subviews_;
+  const auto snapshot = subviews();
   for (const auto& view : snapshot) {
     if (!view->superview_.refersTo(this) || !view->translatesAutoresizingMaskIntoConstraints()) continue;
     if (view->autoresizingMask_ == NSViewNotSizable) {
@@ -239,11 +279,12 @@ void NSView::resizeSubviews(NSSize oldSize) {
 }
 
 NSUserInterfaceLayoutDirection NSView::userInterfaceLayoutDirection() const {
-  return direction_ ? *direction_ : NSApplication::shared().userInterfaceLayoutDirection();
+  const auto& direction = extras().direction;
+  return direction ? *direction : NSApplication::shared().userInterfaceLayoutDirection();
 }
 
 void NSView::setUserInterfaceLayoutDirection(NSUserInterfaceLayoutDirection direction) {
-  direction_ = direction;
+  ownExtras().direction = direction;
   if (const auto engine = layoutEngine()) engine->directionDidChange();
   setNeedsLayout(true);
   setNeedsDisplay(true);
@@ -260,9 +301,14 @@ bool NSView::mayHit(const NSPoint& point) const {
 
 // Steps to the next subview behind `index` that the point may hit. Overrides may have taken views away.
 bool NSView::stepToCandidate(std::size_t& index, const NSPoint& point) const {
-  index = std::min(index, subviews_.size());
-  while (index-- > 0) {
-    if (subviews_[index]->mayHit(point)) return true;
+  if (!subviews_) return false;
+  const auto& views = subviews_->list.all();
+  index = std::min(index, views.size());
+  const bool areFew = views.size() < 32;
+  while (index > 0) {
+    index = areFew ? index - 1 : subviews_->lastAt(point, index);
+    if (index == Subviews::none) return false;
+    if (views[index]->mayHit(point)) return true;
   }
   return false;
 }
@@ -274,8 +320,8 @@ Ref<NSView> NSView::hitTest(NSPoint point) {
     return superview_.isAlive() ? placementInSuperview().undo(place) : place;
   }(point);
   Ref<NSView> hit;
-  for (std::size_t index = subviews_.size(); !hit && stepToCandidate(index, point);) {
-    hit = subviews_[index];
+  for (std::size_t index = subviews().size(); !hit && stepToCandidate(index, point);) {
+    hit = subviews()[index];
     hit = hit->hitTest(point);
   }
   if (!hit) hit = this;
@@ -288,16 +334,20 @@ Ref<NSResponder> NSView::nextResponder() const {
 }
 
 bool NSView::performKeyEquivalent(NSEvent& event) {
-  const auto snapshot = subviews_;
+  const auto snapshot = subviews();
   return std::ranges::any_of(snapshot, [&](const auto& view) { return view->performKeyEquivalent(event); });
 }
 
+Ref<NSView> NSView::nextKeyView() const { return extras().nextKeyView.lock(); }
+Ref<NSView> NSView::previousKeyView() const { return extras().previousKeyView.lock(); }
+
 void NSView::setNextKeyView(NSView* view) {
-  if (const auto old = nextKeyView_.lock(); old && old->previousKeyView_.refersTo(this)) {
-    old->previousKeyView_ = nullptr;
+  auto& next = ownExtras().nextKeyView;
+  if (const auto* old = next.peek(); old && old->extras().previousKeyView.refersTo(this)) {
+    old->extras_->previousKeyView = nullptr;
   }
-  nextKeyView_ = view;
-  if (view) view->previousKeyView_ = this;
+  next = view;
+  if (view) view->ownExtras().previousKeyView = this;
 }
 
 Ref<NSView> NSView::validKeyView(Ref<NSView> (NSView::*next)() const) const {
@@ -333,18 +383,22 @@ void NSView::setHidden(bool hidden) {
 }
 
 bool NSView::isHiddenOrHasHiddenAncestor() const {
-  Ref<const NSView> each(this);
-  while (each && !each->hidden_) each = each->superview_.lock();
-  return static_cast<bool>(each);
+  const NSView* each = this;
+  while (each && !each->hidden_) each = each->superview_.peek();
+  return each != nullptr;
 }
+
+CGFloat NSView::alphaValue() const { return extras().alphaValue; }
 
 void NSView::setAlphaValue(CGFloat alpha) {
-  alphaValue_ = std::clamp(alpha, 0.0, 1.0);
-  if (layer_) layer_->setOpacity(static_cast<float>(alphaValue_));
+  ownExtras().alphaValue = std::clamp(alpha, 0.0, 1.0);
+  if (layer_) layer_->setOpacity(static_cast<float>(alphaValue()));
 }
 
+const Ref<NSShadow>& NSView::shadow() const { return extras().shadow; }
+
 void NSView::setShadow(const Ref<NSShadow>& shadow) {
-  shadow_ = shadow ? shadow->copy() : nullptr;
+  ownExtras().shadow = shadow ? shadow->copy() : nullptr;
   updateLayerShadow();
 }
 
@@ -353,7 +407,10 @@ void NSView::setShadow(const Ref<NSShadow>& shadow) {
 void NSView::setWantsLayer(bool wants) {
   wantsLayer_ = wants;
   if (!wants) return dropLayerUnlessWanted();
-  forTree([](NSView& view) { view.makeLayer(); });
+  const Ref<NSView> self(this);
+  makeLayer();
+  forTree([](NSView& view) { view.layersArePending_ = true; });
+  makePendingLayersBelow();
 }
 
 Ref<CALayer> NSView::makeBackingLayer() { return make<CALayer>(); }
@@ -361,21 +418,78 @@ Ref<CALayer> NSView::makeBackingLayer() { return make<CALayer>(); }
 void NSView::makeLayer() {
   if (layer_) return;
   const Ref<NSView> self(this);
+  createLayer();
+  const auto parent = superview_.lock();
+  if (parent && parent->layer_) parent->putLayerOfSubview(*this, parent->layerInFrontOf(*this));
+  fillLayer();
+}
+
+void NSView::createLayer() {
+  // Who makes it may ask for it.
+  const bool werePending = std::exchange(layersArePending_, false);
   layer_ = makeBackingLayer();
+  layersArePending_ = werePending && window_.isAlive();
   if (!layer_) fatal("makeBackingLayer answered no layer; return make<CALayer>() or the superclass's", unit);
   layer_->setDelegate(this);
   layer_->setAnchorPoint({0, 0});
   layer_->setHidden(hidden_);
-  layer_->setOpacity(static_cast<float>(alphaValue_));
-  if (shadow_) updateLayerShadow();
+  layer_->setOpacity(static_cast<float>(alphaValue()));
+  if (const auto* window = window_.peek()) layer_->setContentsScale(window->backingScaleFactor());
+  if (shadow()) updateLayerShadow();
   layer_->setNeedsDisplay();
-  const auto parent = superview_.lock();
-  if (parent && parent->layer_) parent->adoptLayerOfSubview(*this);
+}
+
+void NSView::fillLayer() {
   updateLayerGeometry();
-  for (const auto& view : subviews_) {
-    if (view->layer_) adoptLayerOfSubview(*view);
+  if (subviews_) {
+    const auto snapshot = subviews();
+    for (const auto& view : snapshot) {
+      if (layer_ && view->layer_) adoptLayerOfSubview(*view);
+    }
   }
   didMakeBackingLayer();
+}
+
+const Ref<CALayer>& NSView::layer() const {
+  if (layersArePending_) const_cast<NSView*>(this)->makePendingLayers();
+  return layer_;
+}
+
+// Those of the superviews come first, alone. A view that is being destroyed may ask, and gets none.
+void NSView::makePendingLayers() {
+  if (!layersArePending_ || !Weak<NSView>(this).isAlive()) return;
+  const Ref<NSView> self(this);
+  std::vector<Ref<NSView>> around;
+  for (Ref<NSView> each(this); each && !each->layer_; each = each->superview_.lock()) around.push_back(each);
+  for (auto view = around.rbegin(); view != around.rend(); ++view) {
+    if ((*view)->window_.isAlive()) (*view)->makeLayer();
+  }
+  if (const auto window = window_.lock()) window->viewsHaveLayers();
+  makePendingLayersBelow();
+}
+
+void NSView::makePendingLayersBelow() {
+  std::vector<Ref<NSView>> waiting{this};
+  while (!waiting.empty()) {
+    const Ref<NSView> view = std::move(waiting.back());
+    waiting.pop_back();
+    if (!std::exchange(view->layersArePending_, false) || !view->layer_) continue;
+    const auto inside = view->subviews();
+    // The layers that are there already stand in front of what comes before them.
+    std::size_t next = 0;
+    for (std::size_t i = 0; i < inside.size(); ++i) {
+      auto& subview = *inside[i];
+      if (subview.layer_ || !subview.superview_.refersTo(view.get())) continue;
+      next = std::max(next, i + 1);
+      subview.createLayer();
+      // Whoever was told of it may have put the views elsewhere.
+      if (!view->layer_ || !subview.layer_ || !subview.superview_.refersTo(view.get())) continue;
+      while (next < inside.size() && !inside[next]->layer_) ++next;
+      view->putLayerOfSubview(subview, next < inside.size() ? inside[next]->layer_.get() : nullptr);
+      subview.fillLayer();
+    }
+    waiting.insert(waiting.end(), inside.rbegin(), inside.rend());
+  }
 }
 
 void NSView::dropLayerUnlessWanted() {
@@ -384,7 +498,7 @@ void NSView::dropLayerUnlessWanted() {
   layer_->removeFromSuperlayer();
   layer_->setDelegate(nullptr);
   layer_ = nullptr;
-  const auto snapshot = subviews_;
+  const auto snapshot = subviews();
   for (const auto& view : snapshot) view->dropLayerUnlessWanted();
 }
 
@@ -394,17 +508,30 @@ void NSView::adoptLayerOfSubview(NSView& view) {
     if (view.layer_) view.layer_->removeFromSuperlayer();
     return view.dropLayerUnlessWanted();
   }
-  view.makeLayer();
-  // Behind the next sibling's layer, so that layers stand in the order of their views; in front of
-  // everything else, so that layers added by hand at the bottom stay there.
-  auto next = std::ranges::find(subviews_, Ref<NSView>(&view));
-  while (next != subviews_.end() && (next->get() == &view || !(*next)->layer_)) ++next;
-  if (next == subviews_.end()) {
-    layer_->addSublayer(view.layer_);
+  if (view.layer_) {
+    putLayerOfSubview(view, layerInFrontOf(view));
+  } else if (!layersArePending_) {
+    view.makeLayer();
+  }
+  if (!layersArePending_) view.makePendingLayers();
+}
+
+// Behind the next sibling's layer, so that layers stand in the order of their views; in front of everything
+// else, so that layers added by hand at the bottom stay there.
+void NSView::putLayerOfSubview(NSView& view, const CALayer* next) {
+  if (next) {
+    layer_->insertSublayerBelow(view.layer_, *next);
   } else {
-    layer_->insertSublayerBelow(view.layer_, *(*next)->layer_);
+    layer_->addSublayer(view.layer_);
   }
   view.updateLayerGeometry();
+}
+
+const CALayer* NSView::layerInFrontOf(const NSView& view) const {
+  const auto& views = subviews();
+  auto next = subviews_->list.indexOf(view) + 1;
+  while (next < views.size() && !views[next]->layer_) ++next;
+  return next < views.size() ? views[next]->layer_.get() : nullptr;
 }
 
 void NSView::updateLayerGeometry() {
@@ -419,12 +546,13 @@ void NSView::updateLayerGeometry() {
 // A layer's opacity multiplies its shadow's colour, so the colour goes without its alpha.
 void NSView::updateLayerShadow() {
   if (!layer_) return;
-  const auto color = shadow_ && shadow_->shadowColor() ? shadow_->shadowColor()->cgColor() : nullptr;
+  const auto& shadow = extras().shadow;
+  const auto color = shadow && shadow->shadowColor() ? shadow->shadowColor()->cgColor() : nullptr;
   layer_->setShadowOpacity(color ? color->alpha() : 0);
   if (!color) return;
   layer_->setShadowColor(color->copy(1));
-  layer_->setShadowOffset(shadow_->shadowOffset());
-  layer_->setShadowRadius(shadow_->shadowBlurRadius());
+  layer_->setShadowOffset(shadow->shadowOffset());
+  layer_->setShadowRadius(shadow->shadowBlurRadius());
 }
 
 void NSView::draw(NSRect) {}
@@ -438,8 +566,7 @@ void NSView::setNeedsDisplay(bool needsDisplay) {
 
 void NSView::scaleDidChange(CGFloat scale) {
   forTree([scale](NSView& view) {
-    if (!view.layer_) return;
-    view.layer_->setContentsScale(scale);
+    if (view.layer_) view.layer_->setContentsScale(scale);
     view.setNeedsDisplay(true);
     view.viewDidChangeBackingProperties();
   });
@@ -447,7 +574,7 @@ void NSView::scaleDidChange(CGFloat scale) {
 
 void NSView::appearanceDidChange() {
   forTree([](NSView& view) {
-    if (view.shadow_) view.updateLayerShadow();
+    if (view.shadow()) view.updateLayerShadow();
     view.viewDidChangeEffectiveAppearance();
     view.setNeedsDisplay(true);
   });

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
@@ -8,6 +10,7 @@
 #include "platform/appkit/NSLayoutItem.h"
 #include "platform/appkit/NSResponder.h"
 #include "platform/appkit/text/NSUserInterfaceLayoutDirection.h"
+#include "platform/foundation/MarkedChildren.h"
 #include "platform/quartzcore/CALayer.h"
 #include "platform/quartzcore/CALayerDelegate.h"
 
@@ -60,7 +63,7 @@ class NSView : public NSResponder, public CALayerDelegate, public NSLayoutItem {
 
   [[nodiscard]] Ref<NSView> superview() const { return superview_.lock(); }
   /// Back to front.
-  [[nodiscard]] const std::vector<Ref<NSView>>& subviews() const { return subviews_; }
+  [[nodiscard]] const std::vector<Ref<NSView>>& subviews() const;
   [[nodiscard]] Ref<NSWindow> window() const;
   /// Adds in front of the other subviews; a view that is elsewhere moves. A view that contains this one
   /// is a fatal error.
@@ -126,10 +129,10 @@ class NSView : public NSResponder, public CALayerDelegate, public NSLayoutItem {
   [[nodiscard]] Ref<NSResponder> nextResponder() const override;
   bool performKeyEquivalent(NSEvent& event) override;
 
-  [[nodiscard]] Ref<NSView> nextKeyView() const { return nextKeyView_.lock(); }
+  [[nodiscard]] Ref<NSView> nextKeyView() const;
   /// Links the loop in both directions.
   void setNextKeyView(NSView* view);
-  [[nodiscard]] Ref<NSView> previousKeyView() const { return previousKeyView_.lock(); }
+  [[nodiscard]] Ref<NSView> previousKeyView() const;
   /// The first of the loop after this view that `canBecomeKeyView`; none after one round.
   [[nodiscard]] Ref<NSView> nextValidKeyView() const;
   [[nodiscard]] Ref<NSView> previousValidKeyView() const;
@@ -138,7 +141,7 @@ class NSView : public NSResponder, public CALayerDelegate, public NSLayoutItem {
   // Tracking
 
   /// In order of addition.
-  [[nodiscard]] const std::vector<Ref<NSTrackingArea>>& trackingAreas() const { return trackingAreas_; }
+  [[nodiscard]] const std::vector<Ref<NSTrackingArea>>& trackingAreas() const;
   /// An area belongs to one view at a time; an absent one, or one that is here already, changes nothing.
   void addTrackingArea(Ref<NSTrackingArea> area);
   /// Nothing happens when the area is not here.
@@ -165,23 +168,25 @@ class NSView : public NSResponder, public CALayerDelegate, public NSLayoutItem {
   virtual void setHidden(bool hidden);
   [[nodiscard]] bool isHiddenOrHasHiddenAncestor() const;
   /// 0 to 1, of the view with its subviews.
-  [[nodiscard]] CGFloat alphaValue() const { return alphaValue_; }
+  [[nodiscard]] CGFloat alphaValue() const;
   void setAlphaValue(CGFloat alpha);
   /// The shadow of what the view shows, none at first. A copy is kept: whoever changes a shadow sets it
   /// again.
-  [[nodiscard]] const Ref<NSShadow>& shadow() const { return shadow_; }
+  [[nodiscard]] const Ref<NSShadow>& shadow() const;
   void setShadow(const Ref<NSShadow>& shadow);
 
-  [[nodiscard]] const std::string& identifier() const { return identifier_; }
-  void setIdentifier(std::string identifier) { identifier_ = std::move(identifier); }
+  [[nodiscard]] const std::string& identifier() const;
+  void setIdentifier(std::string identifier);
 
   // Layer and drawing
 
   [[nodiscard]] bool wantsLayer() const { return wantsLayer_; }
   void setWantsLayer(bool wants);
-  /// None while the view has neither a window nor a superview with a layer nor wants one.
-  [[nodiscard]] const Ref<CALayer>& layer() const { return layer_; }
-  /// Called once, when the view needs its layer. Answering none is a fatal error.
+  /// None while the view has neither a window nor a superview with a layer nor wants one. In a window that
+  /// was not shown yet it is made, with those of all that the view contains, when it is first asked for.
+  [[nodiscard]] const Ref<CALayer>& layer() const;
+  /// Called once, when the view needs its layer: when its window shows it, or before when somebody asks.
+  /// Answering none is a fatal error.
   [[nodiscard]] virtual Ref<CALayer> makeBackingLayer();
 
   /// True: `updateLayer` sets the layer's properties instead of `draw` painting into a bitmap.
@@ -285,7 +290,14 @@ class NSView : public NSResponder, public CALayerDelegate, public NSLayoutItem {
   friend class LayoutEngine;
   friend class NSWindow;
 
-  [[nodiscard]] std::ptrdiff_t placeBeside(const NSView* sibling, NSViewOrdering positioned) const;
+  friend bool viewIsBehind(const NSView& a, const NSView& b);
+  struct Subviews;
+  struct Extras;
+
+  [[nodiscard]] const Extras& extras() const;
+  Extras& ownExtras();
+  [[nodiscard]] std::size_t placeBeside(const NSView* sibling, NSViewOrdering positioned) const;
+  void insertSubview(const Ref<NSView>& view, NSViewOrdering positioned, const NSView* sibling);
   void takeIn(NSView& view);
   [[nodiscard]] bool wouldContainItself(const NSView& view) const;
   /// Called when a view is a subview no more, before anybody else hears of it.
@@ -295,8 +307,14 @@ class NSView : public NSResponder, public CALayerDelegate, public NSLayoutItem {
   bool adoptWindow(NSWindow* window);
   void didAdoptWindow(NSWindow* window);
   void makeLayer();
+  void createLayer();
+  void fillLayer();
+  void makePendingLayers();
+  void makePendingLayersBelow();
   void dropLayerUnlessWanted();
   void adoptLayerOfSubview(NSView& view);
+  void putLayerOfSubview(NSView& view, const CALayer* next);
+  [[nodiscard]] const CALayer* layerInFrontOf(const NSView& view) const;
   void updateLayerGeometry();
   void updateLayerShadow();
   void resizeSubviews(NSSize oldSize);
@@ -306,13 +324,22 @@ class NSView : public NSResponder, public CALayerDelegate, public NSLayoutItem {
     CGFloat up = 1;
     [[nodiscard]] NSPoint apply(NSPoint p) const { return {origin.x + p.x, origin.y + up * p.y}; }
     [[nodiscard]] NSPoint undo(NSPoint p) const { return {p.x - origin.x, up * (p.y - origin.y)}; }
+    [[nodiscard]] NSRect apply(const NSRect& rect) const;
+    [[nodiscard]] NSRect undo(const NSRect& rect) const;
   };
   [[nodiscard]] Placement placementInSuperview() const;
   [[nodiscard]] Placement placementInWindow() const;
   [[nodiscard]] Ref<NSView> validKeyView(Ref<NSView> (NSView::*next)() const) const;
   // Whether a view in here waits for the layout, or for its tracking areas to follow it.
   [[nodiscard]] bool subtreeNeedsPass();
+  template <typename Marked>
+  class MarkedWalk;
+  template <typename Marked>
+  void markUpwards(Marked Subviews::*marked, bool NSView::*flag);
+  template <typename Marked>
+  bool takeMark(Marked Subviews::*marked, bool NSView::*flag);
   void markLayoutUpwards();
+  bool layOutIfMarked();
   void markTrackingStale();
   void updateTrackingInTree();
   void refreshTracking();
@@ -341,7 +368,8 @@ class NSView : public NSResponder, public CALayerDelegate, public NSLayoutItem {
       const Ref<NSView> view = std::move(waiting.back());
       waiting.pop_back();
       visit(*view);
-      waiting.insert(waiting.end(), view->subviews_.rbegin(), view->subviews_.rend());
+      const auto& inside = view->subviews();
+      waiting.insert(waiting.end(), inside.rbegin(), inside.rend());
     }
   }
   template <typename Visit>
@@ -353,17 +381,15 @@ class NSView : public NSResponder, public CALayerDelegate, public NSLayoutItem {
   NSPoint boundsOrigin_;
   Weak<NSView> superview_;
   Weak<NSWindow> window_;
-  std::vector<Ref<NSView>> subviews_;
+  std::unique_ptr<Subviews> subviews_;  // from the first one on
   Ref<CALayer> layer_;
-  Weak<NSView> nextKeyView_;
-  Weak<NSView> previousKeyView_;
-  std::string identifier_;
-  Ref<NSShadow> shadow_;
-  CGFloat alphaValue_ = 1;
-  std::optional<NSUserInterfaceLayoutDirection> direction_;
+  std::unique_ptr<Extras> extras_;
+  // Where it stands among the subviews, those to lay out and those to track.
+  std::uint32_t place_ = 0;
+  std::uint32_t layoutPlace_ = notMarked;
+  std::uint32_t trackingPlace_ = notMarked;
   NSAutoresizingMask autoresizingMask_ = NSViewNotSizable;
   NSViewLayerContentsRedrawPolicy redrawPolicy_ = NSViewLayerContentsRedrawPolicy::duringViewResize;
-  std::vector<Ref<NSTrackingArea>> trackingAreas_;
   NSFocusRingType focusRingType_ = NSFocusRingType::default_;
   bool autoresizesSubviews_ = true;
   bool superviewIsFlipped_ = false;
@@ -372,6 +398,7 @@ class NSView : public NSResponder, public CALayerDelegate, public NSLayoutItem {
   bool subtreeTrackingIsStale_ = true;
   bool hidden_ = false;
   bool wantsLayer_ = false;
+  bool layersArePending_ = false;  // this or one below has none, in a window that was not shown yet
   bool needsDisplay_ = true;
   bool needsLayout_ = true;
   bool subtreeNeedsLayout_ = true;

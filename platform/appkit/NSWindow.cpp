@@ -75,7 +75,6 @@ void NSWindow::didInit() {
   frameView_ = make<WindowFrameView>(*this);
   frameView_->moveToWindow(this);
   renderer_.setChangeHandler([this] { setNeedsCommit(); });
-  renderer_.setLayer(frameView_->layer());
   adoptScale();
   setContentView(nullptr);
 }
@@ -94,6 +93,8 @@ void NSWindow::setContentView(Ref<NSView> view) {
   frameView_->addSubview(view);
   if (contentView_ == view && view->superview() != frameView_) contentViewWasTaken();
 }
+
+void NSWindow::viewsHaveLayers() { renderer_.setLayer(frameView_->layer_); }
 
 void NSWindow::contentViewWasTaken() {
   contentView_ = nullptr;
@@ -217,6 +218,7 @@ void NSWindow::makeHostWindow() {
 void NSWindow::orderFront() {
   const Ref<NSWindow> self(this);
   makeHostWindow();
+  frameView_->makePendingLayers();
   if (!std::exchange(visible_, true)) NSApplication::shared().keepOrderedIn(*this);
   renderer_.setNeedsRenderAll();
   hostWindow_->show();
@@ -553,6 +555,7 @@ void NSWindow::updateTracking() {
 
 void NSWindow::displayIfNeeded() {
   const Ref<NSWindow> self(this);
+  frameView_->makePendingLayers();
   layoutIfNeeded();
   updateTracking();
   CATransaction::flush();

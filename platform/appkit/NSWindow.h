@@ -227,6 +227,7 @@ class NSWindow : public NSResponder {
   void viewWillLeave(NSView& view);
   void viewHasLeft(NSView& view);
   void contentViewWasTaken();
+  void viewsHaveLayers();
   void trackingAreaWasAdded(NSView& view, NSTrackingArea& area);
   void trackingAreaWasRemoved(NSTrackingArea& area);
   void trackingAreaHasMoved(const NSTrackingArea& area);

@@ -7,16 +7,11 @@
 #include <utility>
 
 #include "platform/appkit/NSControl.h"
+#include "platform/appkit/NSView+Parts.h"
 
 namespace bkuk {
 
 namespace {
-
-std::size_t depthOf(const NSView& view) {
-  std::size_t depth = 0;
-  for (auto each = view.superview(); each; each = each->superview()) ++depth;
-  return depth;
-}
 
 // A view that may be a stop of the keyboard, and those inside it.
 struct Stop {
@@ -115,23 +110,25 @@ class ReadingOrder {
 
 bool viewIsBehind(const NSView& a, const NSView& b) {
   if (&a == &b) return false;
-  Ref<const NSView> first(&a);
-  Ref<const NSView> second(&b);
-  auto firstDepth = depthOf(a);
-  auto secondDepth = depthOf(b);
+  const auto depthOf = [](const NSView* view) {
+    std::size_t depth = 0;
+    while ((view = view->superview_.peek())) ++depth;
+    return depth;
+  };
+  const NSView* first = &a;
+  const NSView* second = &b;
+  auto firstDepth = depthOf(first);
+  auto secondDepth = depthOf(second);
   const bool aIsHigher = firstDepth < secondDepth;
-  for (; firstDepth > secondDepth; --firstDepth) first = first->superview();
-  for (; secondDepth > firstDepth; --secondDepth) second = second->superview();
+  for (; firstDepth > secondDepth; --firstDepth) first = first->superview_.peek();
+  for (; secondDepth > firstDepth; --secondDepth) second = second->superview_.peek();
   if (first == second) return aIsHigher;
-  while (first->superview() != second->superview()) {
-    first = first->superview();
-    second = second->superview();
+  const NSView* parent = first->superview_.peek();
+  for (; parent != second->superview_.peek(); parent = parent->superview_.peek()) {
+    first = parent;
+    second = second->superview_.peek();
   }
-  const auto parent = first->superview();
-  if (!parent) return false;
-  const auto& siblings = parent->subviews();
-  return std::ranges::find(siblings, first.get(), &Ref<NSView>::get) <
-         std::ranges::find(siblings, second.get(), &Ref<NSView>::get);
+  return parent && parent->subviews_->list.indexOf(*first) < parent->subviews_->list.indexOf(*second);
 }
 
 std::vector<std::size_t> NSReadingOrder(std::span<const NSRect> given, bool isRightToLeft) {
