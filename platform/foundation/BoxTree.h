@@ -34,14 +34,17 @@ class BoxTree {
   };
   static constexpr std::size_t none = static_cast<std::size_t>(-1);
 
-  [[nodiscard]] std::size_t size() const { return levels_.front().size(); }
+  [[nodiscard]] std::size_t size() const { return levels_.empty() ? 0 : levels_.front().size(); }
   [[nodiscard]] const Box& operator[](std::size_t index) const { return levels_.front()[index]; }
 
   /// Around all; one that touches nothing when there is none.
-  [[nodiscard]] Box bounds() const { return around(levels_.size() - 1, 0, levels_.back().size()); }
+  [[nodiscard]] Box bounds() const {
+    return levels_.empty() ? Box() : around(levels_.size() - 1, 0, levels_.back().size());
+  }
 
   /// No number of the box may be a NaN.
   void append(const Box& box) {
+    if (levels_.empty()) levels_.emplace_back();
     levels_.front().push_back(box);
     for (std::size_t level = 0; levels_[level].size() > fanOut; ++level) {
       if (level + 1 == levels_.size()) levels_.emplace_back();
@@ -64,7 +67,9 @@ class BoxTree {
     }
   }
 
+  /// `size` is at most that of now.
   void truncate(std::size_t size) {
+    if (levels_.empty()) return;
     levels_.front().resize(size);
     for (std::size_t level = 0; level + 1 < levels_.size(); ++level) {
       if (levels_[level].size() <= fanOut) return levels_.resize(level + 1);
@@ -76,6 +81,7 @@ class BoxTree {
 
   /// The last before `end` that touches `area`, or `none`.
   [[nodiscard]] std::size_t lastTouching(const Box& area, std::size_t end) const {
+    if (levels_.empty()) return none;
     return lastTouching(area, std::min(end, size()), levels_.size() - 1, 0, levels_.back().size());
   }
 
@@ -109,7 +115,7 @@ class BoxTree {
     return none;
   }
 
-  std::vector<std::vector<Box>> levels_{1};
+  std::vector<std::vector<Box>> levels_;
 };
 
 }  // namespace bkuk

@@ -21,6 +21,7 @@ class MarkedChildren {
   void add(T& child) {
     if (child.*place != notMarked) return;
     child.*place = static_cast<std::uint32_t>(children_.size());
+    if (children_.empty()) children_.reserve(2);
     children_.push_back(&child);
   }
 

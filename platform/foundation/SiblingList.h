@@ -38,6 +38,7 @@ class SiblingList {
   /// `index` is at most the size. The child is in no list.
   void insert(Ref<T> child, std::size_t index) {
     (*child).*place = static_cast<std::uint32_t>(index);
+    if (children_.empty()) children_.reserve(fewChildren);
     if (index == children_.size()) return children_.push_back(std::move(child));
     ++drift_;
     children_.emplace_back();
@@ -59,6 +60,7 @@ class SiblingList {
   }
 
  private:
+  static constexpr std::size_t fewChildren = 2;
   // Beyond, all children are told their places once, which is less work than more such searches.
   static constexpr std::size_t farthestSearch = 1024;
 
