@@ -1,5 +1,6 @@
 #include "platform/appkit/NSAccessibility.h"
 
+#include <array>
 #include <utility>
 
 #include "platform/appkit/accessibility/AccessibilityRecord.h"
@@ -12,6 +13,16 @@ namespace {
 using Record = AccessibilityRecord;
 
 Record::Answer answer(bool value) { return value ? Record::Answer::yes : Record::Answer::no; }
+
+// Of the few roles that a program uses, most are those of many elements.
+const CountedText& countedRole(NSAccessibilityRole role) {
+  static auto& recent = *new std::array<CountedText, 8>;
+  static std::size_t next = 0;
+  for (const auto& each : recent) {
+    if (each && each.view() == role) return each;
+  }
+  return recent[next++ % recent.size()] = CountedText(role);
+}
 
 }  // namespace
 
@@ -49,7 +60,7 @@ NSAccessibilityRole NSAccessibility::accessibilityRole() const {
 }
 
 void NSAccessibility::setAccessibilityRole(NSAccessibilityRole role) {
-  changedRecord().role = CountedText(role);
+  changedRecord().role = countedRole(role);
 }
 
 std::string NSAccessibility::accessibilityLabel() const { return accessibilityRecord().label; }
@@ -60,11 +71,15 @@ void NSAccessibility::setAccessibilityLabel(std::string label) {
   postIfKnown(NSAccessibilityTitleChangedNotification);
 }
 
-NSAccessibilityValue NSAccessibility::accessibilityValue() const { return accessibilityRecord().value; }
+NSAccessibilityValue NSAccessibility::accessibilityValue() const {
+  const auto& place = accessibilityRecord().place;
+  return place ? place->value : NSAccessibilityValue();
+}
 
 void NSAccessibility::setAccessibilityValue(NSAccessibilityValue value) {
-  if (value == accessibilityRecord().value) return;
-  changedRecord().value = std::move(value);
+  const auto& place = accessibilityRecord().place;
+  if (value == (place ? place->value : NSAccessibilityValue())) return;
+  changedPlace().value = std::move(value);
   postIfKnown(NSAccessibilityValueChangedNotification);
 }
 
@@ -75,10 +90,13 @@ std::string NSAccessibility::accessibilityHelp() const {
 
 void NSAccessibility::setAccessibilityHelp(std::string help) { changedPlace().help = std::move(help); }
 
-std::string NSAccessibility::accessibilityIdentifier() const { return accessibilityRecord().identifier; }
+std::string NSAccessibility::accessibilityIdentifier() const {
+  const auto& place = accessibilityRecord().place;
+  return place ? place->identifier : std::string();
+}
 
 void NSAccessibility::setAccessibilityIdentifier(std::string identifier) {
-  changedRecord().identifier = std::move(identifier);
+  changedPlace().identifier = std::move(identifier);
 }
 
 // How it stands
@@ -89,7 +107,7 @@ bool NSAccessibility::isAccessibilityElement() const {
 
 void NSAccessibility::setAccessibilityElement(bool isElement) {
   changedRecord().isElement = answer(isElement);
-  if (const auto parent = accessibilityParent()) AccessibilityTree::childrenDidChange(*parent);
+  AccessibilityTree::childrenOfParentDidChange(*this);
 }
 
 bool NSAccessibility::isAccessibilityEnabled() const {
@@ -118,7 +136,7 @@ bool NSAccessibility::isAccessibilityHidden() const {
 
 void NSAccessibility::setAccessibilityHidden(bool isHidden) {
   changedRecord().isHidden = answer(isHidden);
-  if (const auto parent = accessibilityParent()) AccessibilityTree::childrenDidChange(*parent);
+  AccessibilityTree::childrenOfParentDidChange(*this);
 }
 
 Ref<NSAccessibility> NSAccessibility::accessibilityFocusedUIElement() const {

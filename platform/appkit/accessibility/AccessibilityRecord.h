@@ -8,12 +8,14 @@
 
 namespace bkuk {
 
-/// What few elements are told of their place.
+/// What few elements are told: of their place, and what most classes answer themselves.
 struct AccessibilityPlace {
   std::optional<std::vector<Ref<NSAccessibility>>> children;
   Weak<NSAccessibility> parent;
   std::optional<NSRect> frame;
   std::string help;
+  std::string identifier;
+  NSAccessibilityValue value;
 };
 
 /// What was set of an element, and the name under which the host knows it. Elements of which nothing is set
@@ -27,8 +29,6 @@ struct AccessibilityRecord {
 
   CountedText role;  // none when not set
   std::string label;
-  std::string identifier;
-  NSAccessibilityValue value;
   std::unique_ptr<AccessibilityPlace> place;
   host::AccessibilityId id = 0;
   Answer isElement = Answer::byClass;

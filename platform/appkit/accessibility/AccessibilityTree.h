@@ -26,6 +26,11 @@ class AccessibilityTree final : public host::AccessibilityTree {
   static void childrenDidChange(NSAccessibility& container) {
     if (knowsChildren_) shared().markChildren(container);
   }
+  /// The same for the one around it.
+  static void childrenOfParentDidChange(const NSAccessibility& child) {
+    if (!knowsChildren_) return;
+    if (const auto parent = child.accessibilityParent()) shared().markChildren(*parent);
+  }
   /// Called at the end of a turn.
   static void tellChildren() {
     if (!shared().changedContainers_.empty()) shared().tellChangedParents();
