@@ -39,6 +39,24 @@ double textFieldBottom(const NSFont& font) {
 std::function<bool()>& BKUKLabel::defaultUseNSTextFieldSync =
     *new std::function<bool()>([] { return false; });
 
+struct BKUKLabel::Text {
+  Ref<BKUKLabelLayoutManager> manager = make<BKUKLabelLayoutManager>();
+  TextStack stack{manager};
+};
+
+BKUKLabel::BKUKLabel(NSRect frame) : NSView(frame) {}
+
+BKUKLabel::~BKUKLabel() = default;
+
+BKUKLabel::Text& BKUKLabel::text() const {
+  if (!text_) text_ = std::make_unique<Text>();
+  return *text_;
+}
+
+const TextStack& BKUKLabel::stack() const { return text().stack; }
+
+const Ref<BKUKLabelLayoutManager>& BKUKLabel::textLayoutManager() const { return text().manager; }
+
 Ref<BKUKLabel> BKUKLabel::label(std::string_view text) {
   auto label = make<BKUKLabel>();
   label->setStringValue(text);
@@ -95,10 +113,12 @@ void BKUKLabel::changeAttributes(Change change) {
 }
 
 void BKUKLabel::apply(const BKUKFontSettings& style) {
-  setAlignment(style.alignment);
-  setTextColor(style.color);
-  setFont(BKUKFontManager::Font(style.type, style.size));
-  setLetterSpacing(style.spacing ? std::optional<double>(*style.spacing) : std::nullopt);
+  changeAttributes([&](auto& attributes) {
+    attributes.alignment = style.alignment;
+    attributes.textColor = style.color;
+    attributes.font = BKUKFontManager::Font(style.type, style.size);
+    attributes.letterSpacing = style.spacing ? std::optional<double>(*style.spacing) : std::nullopt;
+  });
 }
 
 void BKUKLabel::setFont(Ref<NSFont> font) {
@@ -263,7 +283,7 @@ void BKUKLabel::updateContainer() const {
     textStorage()->setAttributedString(*builder_->build());
     if (isSynced() && alignment()) setSyncedLineSpacing(*textStorage(), std::round(syncOffset_));
   }
-  stack_.setLayout(bounds().width(), userInterfaceLayoutDirection());
+  stack().setLayout(bounds().width(), userInterfaceLayoutDirection());
 }
 
 bool BKUKLabel::isSynced() const { return usesTextFieldSync_ && !textStorage()->containsAttachments(); }
@@ -275,7 +295,7 @@ void BKUKLabel::setSyncedLineSpacing(NSMutableAttributedString& text, double spa
 
 // Synced text is measured without the space between its lines that it is shown with.
 NSSize BKUKLabel::textSize(double forWidth) const {
-  if (!isSynced()) return stack_.measure(forWidth);
+  if (!isSynced()) return stack().measure(forWidth);
   NSMutableAttributedString dense(*textStorage());
   setSyncedLineSpacing(dense, 0);
   return dense.boundingRect({forWidth, 0}, NSStringDrawingOptions::usesLineFragmentOrigin).size;
@@ -368,10 +388,10 @@ void BKUKLabel::layout() {
 
 std::size_t BKUKLabel::characterIndex(NSPoint at, bool roundingUp) {
   updateContainer();
-  const NSRect used = stack_.usedRect();
+  const NSRect used = stack().usedRect();
   if (NSPointInRect(at, used)) {
     CGFloat fraction = 0;
-    const std::size_t index = textLayoutManager_->glyphIndex(at, *textContainer(), &fraction);
+    const std::size_t index = textLayoutManager()->glyphIndex(at, *textContainer(), &fraction);
     return roundingUp && fraction > 0.5 ? index + 1 : index;
   }
   const bool isBehind = at.x > used.maxX() || at.y > used.maxY();
@@ -393,7 +413,7 @@ void BKUKLabel::draw(NSRect) {
   target.setShouldSmoothFonts(drawingOptions_.fontSmoothing);
   target.setAllowsAntialiasing(drawingOptions_.fontAntialiasing);
   target.setShouldAntialias(drawingOptions_.fontAntialiasing);
-  stack_.draw({0, drawnTextTop()});
+  stack().draw({0, drawnTextTop()});
 }
 
 // Events and assistive clients

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -29,7 +30,8 @@ class BKUKLabel : public NSView {
   /// How far text is moved in a font.
   using TextPadding = BKUKFontConfig::Offset;
 
-  using NSView::NSView;
+  explicit BKUKLabel(NSRect frame = {});
+  ~BKUKLabel() override;
   /// A label with that text, in UTF-8.
   [[nodiscard]] static Ref<BKUKLabel> label(std::string_view text);
   /// A label with that text in that style.
@@ -121,9 +123,9 @@ class BKUKLabel : public NSView {
   // What the text is made of
 
   [[nodiscard]] const Ref<BKUKAttributedStringBuilder>& builder() const { return builder_; }
-  [[nodiscard]] const Ref<NSTextStorage>& textStorage() const { return stack_.storage(); }
-  [[nodiscard]] const Ref<BKUKLabelLayoutManager>& textLayoutManager() const { return textLayoutManager_; }
-  [[nodiscard]] const Ref<NSTextContainer>& textContainer() const { return stack_.container(); }
+  [[nodiscard]] const Ref<NSTextStorage>& textStorage() const { return stack().storage(); }
+  [[nodiscard]] const Ref<BKUKLabelLayoutManager>& textLayoutManager() const;
+  [[nodiscard]] const Ref<NSTextContainer>& textContainer() const { return stack().container(); }
   /// Who may replace pieces of the text; absent, as at first, for the shared manager.
   [[nodiscard]] const Ref<BKUKCustomAttributeOperatorManager>& customAttributeOperatorManager() const {
     return operatorManager_;
@@ -190,6 +192,11 @@ class BKUKLabel : public NSView {
     double roundingOffset = 0;
   };
 
+  struct Text;
+
+  /// Made when the text is first laid out, or somebody asks for a part of it.
+  [[nodiscard]] Text& text() const;
+  [[nodiscard]] const TextStack& stack() const;
   template <typename Change>
   void changeAttributes(Change change);
   void didUpdateAttributes();
@@ -209,8 +216,7 @@ class BKUKLabel : public NSView {
   BKUKLabelVerticalAlignment verticalAlignment_ = BKUKLabelVerticalAlignment::center;
   TextPadding topTextPadding_ = defaultTopTextPadding();
   TextPadding bottomTextPadding_ = defaultBottomTextPadding();
-  Ref<BKUKLabelLayoutManager> textLayoutManager_ = make<BKUKLabelLayoutManager>();
-  TextStack stack_{textLayoutManager_};
+  mutable std::unique_ptr<Text> text_;
   mutable bool needsUpdateContainer_ = false;
   Ref<BKUKAttributedStringBuilder> builder_ = make<BKUKAttributedStringBuilder>();
   bool needsUpdateSecondaryConstraints_ = true;
