@@ -269,7 +269,9 @@ void BKUKStatefulView::updateTrackingAreas() {
 
 void BKUKStatefulView::viewDidMoveToWindow() {
   NSControl::viewDidMoveToWindow();
-  if (window()) {
+  const auto window = this->window();
+  // One that is not shown yet asks for it when it is.
+  if (window && window->isVisible()) {
     updateTrackingAreas();
   } else {
     ignorePointer();
