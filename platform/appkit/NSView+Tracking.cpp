@@ -55,7 +55,7 @@ void NSView::removeTrackingArea(const Ref<NSTrackingArea>& area) {
 void NSView::markTrackingStale() {
   trackingIsStale_ = true;
   markUpwards(&Subviews::toTrack, &NSView::subtreeTrackingIsStale_);
-  if (auto* window = window_.peek()) window->setNeedsCommit();
+  if (auto* window = window_.peek()) window->placesDidChange();
 }
 
 // A view that lies elsewhere takes along all that it contains.

@@ -145,14 +145,16 @@ void NSView::viewWillMoveToWindow(NSWindow*) {}
 
 // Whoever is told may move or drop any view, so each step takes the tree as it is by then.
 void NSView::moveToWindow(NSWindow* window) {
-  if (window_.lock() == window) return;
+  if (window_.peek() == window) return;
   const Ref<NSWindow> keepWindow(window);
   ++movesInProgress_;
-  forTree([](NSView& view) {
-    if (const auto old = view.window_.lock()) old->viewWillLeave(view);
-  });
+  if (window_.isAlive()) {
+    forTree([](NSView& view) {
+      if (const auto old = view.window_.lock()) old->viewWillLeave(view);
+    });
+  }
   forTree([window](NSView& view) {
-    if (view.window_.lock() != window) view.viewWillMoveToWindow(window);
+    if (view.window_.peek() != window) view.viewWillMoveToWindow(window);
   });
   std::vector<Ref<NSView>> moved;
   forTree([&](NSView& view) {
@@ -166,7 +168,7 @@ void NSView::moveToWindow(NSWindow* window) {
 
 // A superview gets its window before its subviews.
 bool NSView::belongsTo(const NSWindow* window) const {
-  if (const auto parent = superview_.lock()) return parent->window_.lock() == window;
+  if (const auto* parent = superview_.peek()) return parent->window_.peek() == window;
   return !window || window->frameView_ == this;
 }
 
@@ -184,9 +186,9 @@ bool NSView::adoptWindow(NSWindow* window) {
 }
 
 void NSView::didAdoptWindow(NSWindow* window) {
-  if (window_.lock() != window) return;
+  if (window_.peek() != window) return;
   viewDidMoveToWindow();
-  if (!window || window_.lock() != window) return;
+  if (!window || window_.peek() != window) return;
   if (extras().shadow) updateLayerShadow();
   viewDidChangeBackingProperties();
   viewDidChangeEffectiveAppearance();
@@ -379,7 +381,7 @@ void NSView::setHidden(bool hidden) {
   if (layer_) layer_->setHidden(hidden);
   if (!hidden) markTrackingStale();
   if (const auto window = window_.lock()) window->activityDidChange();
-  if (const auto parent = superview_.lock()) AccessibilityTree::childrenDidChange(*parent);
+  AccessibilityTree::childrenOfParentDidChange(*this);
 }
 
 bool NSView::isHiddenOrHasHiddenAncestor() const {

@@ -363,7 +363,11 @@ class NSView : public NSResponder, public CALayerDelegate, public NSLayoutItem {
   /// Calls `visit` on the view and all below it, superviews first, on a snapshot.
   template <typename Visit>
   void forTree(Visit&& visit) {
-    std::vector<Ref<NSView>> waiting{this};
+    const Ref<NSView> self(this);
+    visit(*this);
+    // Most views contain nothing.
+    if (subviews().empty()) return;
+    std::vector<Ref<NSView>> waiting(subviews().rbegin(), subviews().rend());
     while (!waiting.empty()) {
       const Ref<NSView> view = std::move(waiting.back());
       waiting.pop_back();

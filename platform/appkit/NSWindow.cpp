@@ -384,18 +384,25 @@ void NSWindow::selectKeyView(Ref<NSView> (NSView::*valid)() const) {
 
 // Where the keyboard enters a loop that nobody has entered yet.
 Ref<NSView> NSWindow::endOfLoop(Ref<NSView> (NSView::*valid)() const) const {
-  const auto order = viewsInReadingOrder(*frameView_);
-  if (order.empty()) return nullptr;
+  if (endsAreStale_) keepEndsOf(viewsInReadingOrder(*frameView_));
   const bool isForward = valid == &NSView::nextValidKeyView;
-  const auto& end = isForward ? order.front() : order.back();
+  const auto end = (isForward ? firstInOrder_ : lastInOrder_).lock();
+  if (!end) return nullptr;
   return end->canBecomeKeyView() ? end : (end.get()->*valid)();
 }
 
 void NSWindow::recalculateKeyViewLoop() {
   keyViewLoopIsStale_ = false;
   const auto order = viewsInReadingOrder(*frameView_);
+  keepEndsOf(order);
   for (std::size_t i = 0; i < order.size(); ++i)
     order[i]->setNextKeyView(order[(i + 1) % order.size()].get());
+}
+
+void NSWindow::keepEndsOf(const std::vector<Ref<NSView>>& order) const {
+  endsAreStale_ = false;
+  firstInOrder_ = order.empty() ? nullptr : order.front().get();
+  lastInOrder_ = order.empty() ? nullptr : order.back().get();
 }
 
 void NSWindow::selectNextKeyView() { selectKeyView(&NSView::nextValidKeyView); }
@@ -490,7 +497,7 @@ void NSWindow::handleFocus(bool focused) {
 // What views tell their window
 
 void NSWindow::viewDidEnter(NSView& view) {
-  keyViewLoopIsStale_ = true;
+  keyViewLoopIsStale_ = endsAreStale_ = true;
   for (const auto& area : view.trackingAreas()) tracking_->add(view, *area);
 }
 
@@ -500,7 +507,7 @@ void NSWindow::viewHasLeft(NSView& view) {
 }
 
 void NSWindow::viewWillLeave(NSView& view) {
-  keyViewLoopIsStale_ = true;
+  keyViewLoopIsStale_ = endsAreStale_ = true;
   mouse_->forget(view);
   if (!firstResponder_.refersTo(&view)) return;
   firstResponder_ = nullptr;
@@ -512,6 +519,11 @@ void NSWindow::trackingAreaWasAdded(NSView& view, NSTrackingArea& area) { tracki
 void NSWindow::trackingAreaWasRemoved(NSTrackingArea& area) { tracking_->remove(area); }
 
 void NSWindow::trackingAreaHasMoved(const NSTrackingArea& area) { tracking_->updateRect(area); }
+
+void NSWindow::placesDidChange() {
+  endsAreStale_ = true;
+  setNeedsCommit();
+}
 
 void NSWindow::activityDidChange() {
   activityIsStale_ = true;
@@ -535,7 +547,10 @@ void NSWindow::appearanceDidChange() {
   frameView_->appearanceDidChange();
 }
 
-void NSWindow::layoutDirectionDidChange() { frameView_->layoutDirectionDidChange(); }
+void NSWindow::layoutDirectionDidChange() {
+  endsAreStale_ = true;
+  frameView_->layoutDirectionDidChange();
+}
 
 void NSWindow::setNeedsCommit() { NSRunLoop::main().setNeedsTurn(); }
 

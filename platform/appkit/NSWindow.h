@@ -233,6 +233,8 @@ class NSWindow : public NSResponder {
   void trackingAreaHasMoved(const NSTrackingArea& area);
   void activityDidChange();
   void focusRingDidChange(const NSView& view);
+  void placesDidChange();
+  void keepEndsOf(const std::vector<Ref<NSView>>& order) const;
   [[nodiscard]] bool holds(const NSResponder& responder) const;
   [[nodiscard]] bool letsGo(NSResponder& present);
   void giveKeyboard(const Ref<NSResponder>& next);
@@ -267,6 +269,10 @@ class NSWindow : public NSResponder {
   CARenderer renderer_;
   bool autorecalculatesKeyViewLoop_ = false;
   bool keyViewLoopIsStale_ = true;
+  // The first and the last in reading order, as long as no place changes.
+  mutable Weak<NSView> firstInOrder_;
+  mutable Weak<NSView> lastInOrder_;
+  mutable bool endsAreStale_ = true;
   bool activityIsStale_ = false;
   std::unique_ptr<WindowMouseRouter> mouse_;
   std::unique_ptr<WindowTracking> tracking_;

@@ -36,11 +36,18 @@ NSRect numbered(const NSRect& rect) {
 std::vector<std::size_t> takeRow(std::span<const NSRect> rects, std::list<std::size_t>& rest) {
   std::vector<std::size_t> row;
   const CGFloat bottom = rects[rest.front()].minY();
+  CGFloat highestBottom = bottom;  // of the row
   for (auto next = rest.begin(); next != rest.end();) {
     const NSRect& rect = rects[*next];
     if (!row.empty() && rect.maxY() <= bottom) break;  // and so are all that follow
-    const bool joins = std::ranges::all_of(row, [&](auto member) { return sharesRow(rects[member], rect); });
-    if (joins) row.push_back(*next);
+    // What shares more than half of its height with the shortest reach down shares it with all.
+    const bool surelyJoins = rect.maxY() - std::max(rect.minY(), highestBottom) > rect.height() / 2;
+    const bool joins =
+        surelyJoins || std::ranges::all_of(row, [&](auto member) { return sharesRow(rects[member], rect); });
+    if (joins) {
+      row.push_back(*next);
+      highestBottom = std::max(highestBottom, rect.minY());
+    }
     next = joins ? rest.erase(next) : std::next(next);
   }
   return row;
