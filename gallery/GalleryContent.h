@@ -21,6 +21,8 @@ class GalleryContent : public Box {
   [[nodiscard]] CGFloat heightForWholePage(CGFloat width) const;
 
   /// The view that has the keyboard at first.
+  /// Scrolls the list so that the present page's row can be seen.
+  void revealPage() { pageList_->revealSelected(); }
   [[nodiscard]] NSView& firstKeyView() const { return *pageList_; }
 
   void layout() override;

@@ -31,6 +31,8 @@ GalleryWindow makeGalleryWindow(const GalleryOptions& options) {
   gallery.window->setContentView(gallery.content);
   gallery.window->setInitialFirstResponder(&gallery.content->firstKeyView());
   gallery.window->makeFirstResponder(&gallery.content->firstKeyView());
+  gallery.window->layoutIfNeeded();
+  gallery.content->revealPage();
   gallery.window->center();
   return gallery;
 }

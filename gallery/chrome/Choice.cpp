@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "gallery/chrome/Clicking.h"
 #include "gallery/chrome/Direction.h"
 #include "platform/appkit/NSKeyCode.h"
 #include "platform/foundation/CGRoundedUp.h"
@@ -138,10 +139,12 @@ void Choice::showFocus(bool focused) {
 Ref<NSView> Choice::hitTest(NSPoint point) { return Box::hitTest(point) ? this : nullptr; }
 
 bool Choice::becomeFirstResponder() {
-  showFocus(true);
-  scrollToVisible(optionFrame(selected_));
+  showFocus(isList() || !isClicking());
+  revealSelected();
   return true;
 }
+
+void Choice::revealSelected() { scrollToVisible(optionFrame(selected_)); }
 
 bool Choice::resignFirstResponder() {
   showFocus(false);
@@ -223,8 +226,9 @@ std::optional<std::size_t> Choice::optionForKey(std::uint16_t keyCode) const {
 void Choice::keyDown(NSEvent& event) {
   const auto option = optionForKey(event.keyCode());
   if (!option) return Box::keyDown(event);
+  showFocus(true);
   choose(*option);
-  scrollToVisible(optionFrame(selected_));
+  revealSelected();
 }
 
 }  // namespace bkuk::gallery

@@ -27,6 +27,9 @@ class Choice : public Box {
   /// As the user does, with a call of the handler for another option than the chosen one.
   void choose(std::size_t index);
 
+  /// Scrolls so that the chosen option can be seen.
+  void revealSelected();
+
   /// What the options need, in points.
   [[nodiscard]] NSSize fittingSize() const override;
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "gallery/chrome/Clicking.h"
 #include "gallery/chrome/Direction.h"
 #include "platform/appkit/NSKeyCode.h"
 
@@ -13,13 +14,7 @@ namespace {
 using Role = BKUKThemeColorRole;
 
 constexpr CGFloat lineStep = 48;
-constexpr CGFloat edge = 12;  // left around what is scrolled into sight
-
-// Whoever clicks sees where; the edge is for those who come by key.
-bool isClicking() {
-  const auto& event = NSApplication::shared().currentEvent();
-  return event && event->type() == NSEventType::leftMouseDown;
-}
+constexpr CGFloat edge = 12;  // left around what comes into sight by key
 
 }  // namespace
 

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <utility>
 
+#include "gallery/chrome/Clicking.h"
 #include "gallery/chrome/Direction.h"
 #include "platform/appkit/NSKeyCode.h"
 
@@ -41,7 +42,7 @@ void Slider::didInit() {
 Ref<NSView> Slider::hitTest(NSPoint point) { return NSView::hitTest(point) ? this : nullptr; }
 
 bool Slider::becomeFirstResponder() {
-  focusRing_->setHidden(false);
+  focusRing_->setHidden(isClicking());
   scrollToVisible(bounds());
   return true;
 }
@@ -91,6 +92,7 @@ void Slider::mouseDragged(NSEvent& event) {
 }
 
 void Slider::keyDown(NSEvent& event) {
+  focusRing_->setHidden(false);
   const CGFloat right = isRightToLeft(*this) ? -range_.step : range_.step;
   switch (event.keyCode()) {
     case NSKeyCode::right:
