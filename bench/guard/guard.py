@@ -15,6 +15,12 @@ import sys
 import tempfile
 from concurrent.futures import ThreadPoolExecutor
 
+# What the processor at hand happens to have changes which variants of loops glibc and Qt choose.
+ANY_PROCESSOR = {
+    'GLIBC_TUNABLES': 'glibc.cpu.hwcaps=-AVX,-AVX2,-AVX512F,-BMI1,-BMI2,-LZCNT,-MOVBE,-ERMS,-FSRM,-RTM:'
+                      'glibc.cpu.x86_non_temporal_threshold=1073741824',
+    'QT_NO_CPU_FEATURE': 'avx avx2 bmi bmi2 f16c fma lzcnt movbe rdrnd rdseed avx512f',
+}
 LEDGER = pathlib.Path(__file__).with_name('instructions.txt')
 MOST_RISE = 1.05
 
@@ -24,7 +30,7 @@ def count(program, scene):
     with tempfile.NamedTemporaryFile() as out:
         command = ['valgrind', '--tool=callgrind', '--collect-atstart=no', '--toggle-collect=measured',
                    f'--callgrind-out-file={out.name}', program, scene]
-        environment = {**os.environ, 'QT_QPA_PLATFORM': 'offscreen', 'LC_ALL': 'C.UTF-8'}
+        environment = {**os.environ, **ANY_PROCESSOR, 'QT_QPA_PLATFORM': 'offscreen', 'LC_ALL': 'C.UTF-8'}
         done = subprocess.run(command, env=environment, text=True, capture_output=True, check=False)
     found = re.findall(r'Collected\s*:\s*(\d+)', done.stderr)
     if done.returncode or not found or not int(found[-1]):
