@@ -237,14 +237,14 @@ NSView::Placement NSView::placementInWindow() const {
 }
 
 NSRect NSView::Placement::apply(const NSRect& rect) const {
-  const NSPoint a = apply(NSPoint(rect.minX(), rect.minY()));
-  const NSPoint b = apply(NSPoint(rect.maxX(), rect.maxY()));
+  const NSPoint a = apply(NSPoint{rect.minX(), rect.minY()});
+  const NSPoint b = apply(NSPoint{rect.maxX(), rect.maxY()});
   return NSRect(a.x, a.y, b.x - a.x, b.y - a.y).standardized();
 }
 
 NSRect NSView::Placement::undo(const NSRect& rect) const {
-  const NSPoint a = undo(NSPoint(rect.minX(), rect.minY()));
-  const NSPoint b = undo(NSPoint(rect.maxX(), rect.maxY()));
+  const NSPoint a = undo(NSPoint{rect.minX(), rect.minY()});
+  const NSPoint b = undo(NSPoint{rect.maxX(), rect.maxY()});
   return NSRect(a.x, a.y, b.x - a.x, b.y - a.y).standardized();
 }
 
