@@ -37,7 +37,7 @@ CALayer::~CALayer() {
 }
 
 const CALayer::RareValues& CALayer::usualValues() {
-  static const auto& values = *permanent([] { return new RareValues; });
+  static const auto& values = permanent([] { return RareValues(); });
   return values;
 }
 
