@@ -1,5 +1,6 @@
 #pragma once
 
+#include <compare>
 #include <cstddef>
 #include <string_view>
 #include <utility>
@@ -27,6 +28,8 @@ class CountedText {
   [[nodiscard]] std::string_view view() const;
   explicit operator bool() const { return entry_ != nullptr; }
   bool operator==(const CountedText&) const = default;
+  /// An order that holds for as long as both live, not that of the characters.
+  auto operator<=>(const CountedText& other) const { return std::compare_three_way()(entry_, other.entry_); }
 
   /// How many texts there are, for tests.
   [[nodiscard]] static std::size_t livingCount();

@@ -1,29 +1,28 @@
 #pragma once
 
 #include <compare>
-#include <string>
 #include <string_view>
+
+#include "platform/foundation/CountedText.h"
 
 namespace bkuk {
 
-/// The interned name of a text attribute. Names are equal when their texts are; comparing costs a pointer,
-/// making one from a string a look-up, so keep those that are asked for often.
+/// The name of a text attribute. Names are equal when their texts are; comparing costs a pointer, making one
+/// from a string a look-up, so keep those that are asked for often.
 class NSAttributedStringKey {
  public:
-  NSAttributedStringKey(std::string_view text);
+  NSAttributedStringKey(std::string_view text) : text_(text) {}
   NSAttributedStringKey(const char* text) : NSAttributedStringKey(std::string_view(text)) {}
 
-  [[nodiscard]] std::string_view text() const { return *text_; }
+  [[nodiscard]] std::string_view text() const { return text_.view(); }
 
   bool operator==(const NSAttributedStringKey&) const = default;
-  /// An order that holds for the life of the process, not that of the texts.
-  auto operator<=>(const NSAttributedStringKey& other) const {
-    return std::compare_three_way()(text_, other.text_);
-  }
+  /// An order that holds for as long as both live, not that of the texts.
+  auto operator<=>(const NSAttributedStringKey&) const = default;
 
  private:
   friend struct std::hash<NSAttributedStringKey>;
-  const std::string* text_;
+  CountedText text_;
 };
 
 // What the platform reads, with the type of the values.
@@ -43,7 +42,7 @@ inline const NSAttributedStringKey NSBaselineOffsetAttributeName = "NSBaselineOf
 
 template <>
 struct std::hash<bkuk::NSAttributedStringKey> {
-  std::size_t operator()(bkuk::NSAttributedStringKey key) const noexcept {
-    return std::hash<const std::string*>{}(key.text_);
+  std::size_t operator()(const bkuk::NSAttributedStringKey& key) const noexcept {
+    return std::hash<bkuk::CountedText>{}(key.text_);
   }
 };

@@ -15,7 +15,7 @@ const SelectorTable& SelectorTable::empty() {
   return table;
 }
 
-SelectorTable::Action SelectorTable::find(Selector selector) const {
+SelectorTable::Action SelectorTable::find(const Selector& selector) const {
   const auto found = std::ranges::find(entries_, selector, &Entry::selector);
   if (found != entries_.end()) return found->action;
   return base_ ? base_->find(selector) : nullptr;

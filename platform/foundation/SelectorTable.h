@@ -30,7 +30,7 @@ class SelectorTable {
   [[nodiscard]] static const SelectorTable& empty();
 
   /// None when neither the class nor one of its bases has an operation of that name.
-  [[nodiscard]] Action find(Selector selector) const;
+  [[nodiscard]] Action find(const Selector& selector) const;
 
  private:
   SelectorTable(const SelectorTable* base, std::initializer_list<Entry> entries)

@@ -1,4 +1,5 @@
 #include "platform/foundation/DispatchQueue.h"
+#include "platform/foundation/NSAttributeDictionary.h"
 #include "platform/foundation/NSNotificationCenter.h"
 #include "tests/foundation/LoopTest.h"
 
@@ -115,7 +116,8 @@ TEST_F(NSNotificationCenterTest, DeadObserversAndSubjectsDropOut) {
   EXPECT_FALSE(isHeld) << "a block that can never be called again is let go of";
 }
 
-// Programs make names from ids; a token that was removed, and an observer that died, leave none behind.
+// Programs make names from ids; a token that was removed, and an observer that died, leave none behind, nor
+// do selectors and the attributes of a text.
 TEST_F(NSNotificationCenterTest, NamesThatNobodyHoldsAreForgotten) {
   const auto before = CountedText::livingCount();
   for (int i = 0; i < 10'000; ++i) {
@@ -124,6 +126,9 @@ TEST_F(NSNotificationCenterTest, NamesThatNobodyHoldsAreForgotten) {
     center->addObserver(make<Listener>().get(), "hear", NSNotificationName("dying " + std::to_string(i)));
     center->post(name);
     center->removeObserver(token.get());
+    EXPECT_FALSE(token->respondsTo(Selector("act on " + std::to_string(i))));
+    const NSAttributeDictionary attributes{{NSAttributedStringKey("mark " + std::to_string(i)), i}};
+    EXPECT_EQ(attributes.count(), 1U);
   }
   EXPECT_EQ(log.size(), 10'000U);
   EXPECT_LT(CountedText::livingCount(), before + 200);
