@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <iterator>
 #include <string>
+#include <unistd.h>
 
 #include "host/qt/text/QtFonts.h"
 #include "host/support/FontFile.h"
@@ -21,11 +22,12 @@ std::string contents(const char* path) {
 
 std::span<const std::byte> bytesOf(const std::string& text) { return std::as_bytes(std::span(text)); }
 
-/// A file for the length of a test.
+/// A file for the length of a test, of its process alone: tests run beside each other.
 class TemporaryFile {
  public:
   explicit TemporaryFile(const std::string& content)
-      : path_((std::filesystem::temp_directory_path() / "bkuk-font-file-test").string()) {
+      : path_((std::filesystem::temp_directory_path() / ("bkuk-font-file-" + std::to_string(getpid())))
+                  .string()) {
     std::ofstream(path_, std::ios::binary) << content;
   }
   ~TemporaryFile() { std::filesystem::remove(path_); }
