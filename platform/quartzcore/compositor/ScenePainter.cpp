@@ -70,16 +70,6 @@ RoundedBox outlineOfPaint(const CALayer& layer, const LayerBox& box) {
   return {box.pixelsOfPaint(LayerAccess::paintedBox(layer)), 0, 0};
 }
 
-// `path` is in the space of the box's paths.
-void fillPath(CGContext& context, const LayerBox& box, const Ref<CGColor>& color, const CGPath& path,
-              double alpha) {
-  context.concatenate(box.pathToDevice());
-  context.setAlpha(alpha);
-  context.setFillColor(color);
-  context.addPath(path);
-  context.fillPath();
-}
-
 void applyMask(const PixelTarget& target, const PixelTarget& mask) {
   const auto& area = target.area();
   for (int y = area.y; y < area.maxY(); ++y) {
@@ -160,20 +150,28 @@ void ScenePainter::paintItem(const Scene& scene, const Item& item) {
   }
 }
 
+// `path` is in the space of the box's paths.
+void ScenePainter::paintPath(const Item& item, const LayerBox& box, const CGPath& path,
+                             const Ref<CGColor>& color, double alpha) {
+  paintByTiles(top().pixels, item.rect, {box.rect, 0, 0}, [&](CGContext& context) {
+    context.concatenate(box.pathToDevice());
+    context.setAlpha(alpha);
+    context.setFillColor(color);
+    context.addPath(path);
+    context.fillPath();
+  });
+}
+
 void ScenePainter::paintFill(const Item& item, const LayerBox& box) {
   if (box.isUniform) return RoundedBoxRaster(top().pixels, item.rect).fill(box.shape, item.color);
-  paintByTiles(top().pixels, item.rect, {box.rect, 0, 0}, [&](CGContext& context) {
-    fillPath(context, box, item.layer->backgroundColor(), *box.path(*item.layer), item.alpha);
-  });
+  paintPath(item, box, *box.path(*item.layer), item.layer->backgroundColor(), item.alpha);
 }
 
 void ScenePainter::paintRing(const Item& item, const LayerBox& box) {
   if (box.isUniform && RoundedBoxRaster::canPaint(box.shape, item.width)) {
     return RoundedBoxRaster(top().pixels, item.rect).ring(box.shape, item.width, item.color);
   }
-  paintByTiles(top().pixels, item.rect, {box.rect, 0, 0}, [&](CGContext& context) {
-    fillPath(context, box, item.layer->borderColor(), *box.ringPath(*item.layer), item.alpha);
-  });
+  paintPath(item, box, *box.ringPath(*item.layer), item.layer->borderColor(), item.alpha);
 }
 
 void ScenePainter::paintContents(const Item& item, const LayerBox& box) {
@@ -250,9 +248,7 @@ void ScenePainter::composeMask() {
 
 void ScenePainter::cutToBox(const Item& item, const LayerBox& box) {
   beginMask();
-  paintByTiles(top().pixels, item.rect, {box.rect, 0, 0}, [&](CGContext& context) {
-    fillPath(context, box, CGColor::black(), *box.path(*item.layer), 1);
-  });
+  paintPath(item, box, *box.path(*item.layer), CGColor::black(), 1);
   composeMask();
 }
 

@@ -25,6 +25,8 @@ class ScenePainter {
   struct Surface;
 
   void paintItem(const Scene& scene, const Item& item);
+  void paintPath(const Item& item, const LayerBox& box, const CGPath& path, const Ref<CGColor>& color,
+                 double alpha);
   void paintFill(const Item& item, const LayerBox& box);
   void paintRing(const Item& item, const LayerBox& box);
   void paintContents(const Item& item, const LayerBox& box);
