@@ -1,11 +1,10 @@
 #include <algorithm>
 #include <benchmark/benchmark.h>
-#include <fstream>
 #include <string>
-#include <unistd.h>
 #include <vector>
 
 #include "BrenvikUIKit/text/BKUKInteractiveLabel.h"
+#include "bench/ResidentMemory.h"
 #include "platform/appkit/NSWindow.h"
 #include "platform/appkit/drawing/NSGraphicsContext.h"
 #include "testing/VirtualHostScope.h"
@@ -102,15 +101,6 @@ void drawLabels(benchmark::State& state) {
   state.SetItemsProcessed(state.iterations() * 2000);
 }
 BENCHMARK(drawLabels)->Unit(benchmark::kMillisecond);
-
-// What the process holds in memory now.
-double residentMegabytes() {
-  std::ifstream file("/proc/self/statm");
-  double whole = 0;
-  double resident = 0;
-  file >> whole >> resident;
-  return resident * static_cast<double>(sysconf(_SC_PAGESIZE)) / (1 << 20);
-}
 
 // A window full of 2,000 labels.
 struct LabelWindow {

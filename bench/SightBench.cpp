@@ -2,10 +2,9 @@
 
 #include <algorithm>
 #include <benchmark/benchmark.h>
-#include <fstream>
-#include <unistd.h>
 #include <vector>
 
+#include "bench/ResidentMemory.h"
 #include "platform/appkit/NSWindow.h"
 #include "platform/appkit/drawing/NSGraphicsContext.h"
 #include "testing/VirtualHostScope.h"
@@ -29,15 +28,6 @@ class Row : public NSView {
     context->fill(bounds());
   }
 };
-
-// What the process holds in memory now.
-double residentMegabytes() {
-  std::ifstream file("/proc/self/statm");
-  double whole = 0;
-  double resident = 0;
-  file >> whole >> resident;
-  return resident * static_cast<double>(sysconf(_SC_PAGESIZE)) / (1 << 20);
-}
 
 struct List {
   explicit List(int count) {
