@@ -33,8 +33,12 @@ PixelRect pixelsBelow(const CALayer& layer) {
 }
 
 LayerShadow LayerShadow::of(const CALayer& shown, const LayerBox& box, const CALayer& layer, bool isFlipped) {
-  auto shadow = atMost(shown, box, isFlipped);
-  if (shadow.kind == Kind::composed && showsJustItsBox(shown, box, layer)) shadow.kind = Kind::box;
+  return atMost(shown, box, isFlipped).with(shown, box, layer);
+}
+
+LayerShadow LayerShadow::with(const CALayer& shown, const LayerBox& box, const CALayer& layer) const {
+  auto shadow = *this;
+  if (kind == Kind::composed && showsJustItsBox(shown, box, layer)) shadow.kind = Kind::box;
   return shadow;
 }
 

@@ -26,6 +26,8 @@ struct LayerShadow {
   /// The same before anything is known of the sublayers: composed also where it will turn out that the box
   /// is all there is.
   [[nodiscard]] static LayerShadow atMost(const CALayer& shown, const LayerBox& box, bool isFlipped);
+  /// Of what it is at most, what it is now that the sublayers are known.
+  [[nodiscard]] LayerShadow with(const CALayer& shown, const LayerBox& box, const CALayer& layer) const;
 
   /// The pixels the shadow touches. `content`: those of the composed layer.
   [[nodiscard]] PixelRect rect(const CALayer& shown, const LayerBox& box, const PixelRect& content) const;

@@ -8,7 +8,6 @@
 #include "platform/quartzcore/LayerAccess.h"
 #include "platform/quartzcore/LayerAnimator.h"
 #include "platform/quartzcore/LayerGeometry.h"
-#include "platform/quartzcore/compositor/LayerShadow.h"
 
 namespace bkuk {
 
@@ -39,7 +38,8 @@ Inside insideOf(const CALayer& layer, const Inside& around, double time) {
   const LayerBox box(*shown, transformToSuperlayer(*shown).concatenating(around.toDevice));
   if (!box.isPlaced) return {};
   const bool isFlipped = around.isFlipped != shown->isGeometryFlipped();
-  return {box.toDevice, sightInside(*shown, box, around.sight, isFlipped), isFlipped, true};
+  return {box.toDevice, sightInside(*shown, box, around.sight, LayerShadow::atMost(*shown, box, isFlipped)),
+          isFlipped, true};
 }
 
 // What was found out of superlayers, as long as no tree changes, so that displaying many layers or deep ones
@@ -79,9 +79,10 @@ class Surroundings {
 // Half of the length that shows, on each side.
 PixelRect sightAround(const PixelRect& image) { return grown(image, image.width / 2, image.height / 2); }
 
-PixelRect sightInside(const CALayer& shown, const LayerBox& box, const PixelRect& sight, bool isFlipped) {
+PixelRect sightInside(const CALayer& shown, const LayerBox& box, const PixelRect& sight,
+                      const LayerShadow& shadow) {
   if (shown.masksToBounds()) return intersect(sight, sightAround(box.rect));
-  return LayerShadow::atMost(shown, box, isFlipped).areaThatCastsInto(sight);
+  return shadow.areaThatCastsInto(sight);
 }
 
 PixelRect whereBitmapsAreKept(const PixelRect& sight) {

@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "platform/quartzcore/compositor/LayerBox.h"
+#include "platform/quartzcore/compositor/LayerShadow.h"
 
 namespace bkuk {
 
@@ -10,9 +11,9 @@ namespace bkuk {
 [[nodiscard]] PixelRect sightAround(const PixelRect& image);
 
 /// The device pixels in and near the visible part, as far as they concern what is inside of `shown`, of
-/// which `sight` is in and near it outside. `isFlipped`: y runs down in its bounds space.
+/// which `sight` is in and near it outside. `shadow`: its shadow at most.
 [[nodiscard]] PixelRect sightInside(const CALayer& shown, const LayerBox& box, const PixelRect& sight,
-                                    bool isFlipped);
+                                    const LayerShadow& shadow);
 
 /// Where bitmaps are still kept that were drawn when they were in sight, so that going to and fro at its
 /// border draws nothing twice.

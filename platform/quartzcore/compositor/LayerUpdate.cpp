@@ -31,9 +31,10 @@ void clearMarksBelow(CALayer& top) {
 
 // What of a layer is to be looked at where its superlayers leave `clip` of it: what they cut off may still
 // cast a shadow.
-PixelRect innerClip(const CALayer& shown, const LayerBox& box, const PixelRect& clip, bool isFlipped) {
+PixelRect innerClip(const CALayer& shown, const LayerBox& box, const PixelRect& clip,
+                    const LayerShadow& shadow) {
   if (shown.masksToBounds()) return intersect(clip, box.rect);
-  return LayerShadow::atMost(shown, box, isFlipped).areaThatCastsInto(clip);
+  return shadow.areaThatCastsInto(clip);
 }
 
 // The layer's own box, and beyond it what a subclass paints.
@@ -87,9 +88,10 @@ struct LayerUpdate::Visit {
   CALayer* layer;
   Ref<const CALayer> shown;
   LayerBox box;
-  PixelRect clip;   // of the layer itself
-  PixelRect sight;  // for its sublayers
-  bool wholly;      // everything below moved along
+  PixelRect clip;      // of the layer itself
+  PixelRect sight;     // for its sublayers
+  LayerShadow shadow;  // at most
+  bool wholly;         // everything below moved along
   bool repaints;
   bool isFlipped;
   bool isTranslucent;  // it, or a layer around it, has an opacity
@@ -140,14 +142,15 @@ void LayerUpdate::enter(CALayer& layer, const Around& around) {
   const LayerBox box(*shown, transformToSuperlayer(*shown).concatenating(around.toDevice));
   if (!box.isPlaced) return leaveInvisible(layer);
   const bool isFlipped = around.isFlipped != shown->isGeometryFlipped();
-  const auto inside = innerClip(*shown, box, around.clip, isFlipped);
+  const auto shadow = LayerShadow::atMost(*shown, box, isFlipped);
+  const auto inside = innerClip(*shown, box, around.clip, shadow);
   // Another shadow reaches for other parts of the sublayers.
   if (std::exchange(record.inside, inside) != inside && !marks.rearrange && !around.wholly) {
     marks.rearrange = true;
     damage(record.subtree);
   }
   followSight(layer, box, around, isFlipped);
-  visits_.push_back({&layer, shown, box, around.clip, sightInside(*shown, box, around.sight, isFlipped),
+  visits_.push_back({&layer, shown, box, around.clip, sightInside(*shown, box, around.sight, shadow), shadow,
                      around.wholly || marks.rearrange, marks.repaint, isFlipped,
                      around.isTranslucent || shown->opacity() < 1});
   marks.repaint = marks.rearrange = marks.renderBelow = false;
@@ -226,7 +229,7 @@ void LayerUpdate::updateRects(Visit& visit) {
   auto& record = LayerAccess::record(*visit.layer);
   const auto below = updateBelow(visit);
   const auto painted = paintedRect(*visit.shown, visit.box);
-  const auto shadow = LayerShadow::of(*visit.shown, visit.box, *visit.layer, visit.isFlipped);
+  const auto shadow = visit.shadow.with(*visit.shown, visit.box, *visit.layer);
   const auto shadowRect = shadow.rect(*visit.shown, visit.box, unite(painted, below));
   record.own = intersect(unite(painted, shadowRect), visit.clip);
   record.subtree = unite(record.own, intersect(below, visit.clip));
